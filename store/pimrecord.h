@@ -1,0 +1,89 @@
+#ifndef PIMRECORD_H
+#define PIMRECORD_H
+
+#include <QDateTime>
+#include <QMap>
+#include <QString>
+#include <QStringList>
+
+#include <uuid/uuid.h>
+
+class PIMManager;
+class QDataStream;
+class QTextStream;
+
+// The base of everything stored: an identity, two time stamps, free properties, sort keys
+// and category references, with a line-oriented text form and a binary form.
+class PIMRecord
+{
+public:
+    explicit PIMRecord(PIMManager *manager);
+    // A copy keeps the uid and everything else; editors keep one as the state before an edit.
+    PIMRecord(const PIMRecord &other);
+    PIMRecord &operator=(const PIMRecord &) = delete;
+    virtual ~PIMRecord();
+
+    // Identity
+    void newUid();
+    QString uidString() const;
+    const unsigned char *uid() const { return m_uid; }
+    void setUid(const uuid_t uid);
+    QDateTime created() const { return m_created; }
+    QDateTime updated() const { return m_updated; }
+    void setCreated(const QDateTime &when) { m_created = when; }
+    void setUpdated(const QDateTime &when) { m_updated = when; }
+
+    // Properties; each change marks the manager changed (without counting a change).
+    void setProperty(const QString &key, const QString &value);
+    QString property(const QString &key) const;
+    bool hasProperty(const QString &key) const;
+    void removeProperty(const QString &key);
+    const QMap<QString, QString> &properties() const { return m_properties; }
+
+    // Passing to the manager
+    void save(PIMRecord *old);
+    void remove();
+    void select();
+    bool isFirst() const;
+    PIMManager *manager() const { return m_manager; }
+    void setManager(PIMManager *manager) { m_manager = manager; }
+
+    // Sort keys
+    void setSortKeys(const QStringList &keys) { m_sortKeys = keys; }
+    const QStringList &sortKeys() const { return m_sortKeys; }
+    bool lessThan(const PIMRecord &other) const;
+    bool sortKeysEqual(const PIMRecord &other) const;
+
+    // Categories: UID texts of records of the manager's related manager
+    void setCategories(const QStringList &list) { m_categories = list; }
+    const QStringList &categories() const { return m_categories; }
+    QString categoryTitle(bool markMore) const;
+    QStringList categoryTitles() const;
+    PIMRecord *firstCategory() const;
+    // The title of a record that can be a category; the base has none.
+    virtual QString title() const { return QString(); }
+
+    // Text form. read() returns false when the stream ended before the block's "END":
+    // the partial block is then to be dropped.
+    bool read(QTextStream &stream);
+    virtual void readField(const QString &key, const QStringList &tokens, QTextStream &stream);
+    virtual void write(QTextStream &stream) const;
+
+    // Binary form
+    virtual void write(QDataStream &stream) const;
+    virtual void read(QDataStream &stream);
+
+private:
+    QList<PIMRecord *> foundCategories() const;
+    void markManagerChanged();
+
+    uuid_t m_uid;
+    QDateTime m_created;
+    QDateTime m_updated;
+    PIMManager *m_manager;
+    QMap<QString, QString> m_properties;
+    QStringList m_sortKeys;
+    QStringList m_categories;
+};
+
+#endif

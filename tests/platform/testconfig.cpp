@@ -1,0 +1,150 @@
+#include "platform/config.h"
+#include "platform/global.h"
+#include "platform/platformpaths.h"
+#include "support/testhome.h"
+
+#include <QFile>
+#include <QTest>
+
+class TestConfig : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void roundTrip_data();
+    void roundTrip();
+    void defaultsWhenMissing();
+    void writtenOnDestructionOnlyWhenChanged();
+    void removeEntryAndClearGroup();
+    void listEntries();
+    void applicationFileNameCreatesFolder();
+    void findDocumentsByType();
+};
+
+void TestConfig::roundTrip_data()
+{
+    QTest::addColumn<QString>("value");
+    QTest::newRow("plain") << QStringLiteral("hello");
+    QTest::newRow("empty") << QString();
+    QTest::newRow("leading and trailing blanks") << QStringLiteral("  two  ");
+    QTest::newRow("line feeds") << QStringLiteral("a\nb\n");
+    QTest::newRow("backslashes") << QStringLiteral("C:\\n\\\\x");
+    QTest::newRow("equals and brackets") << QStringLiteral("[x]=y=z");
+    QTest::newRow("unicode") << QStringLiteral("Ærø – ключ – 鍵");
+}
+
+void TestConfig::roundTrip()
+{
+    QFETCH(QString, value);
+    TestHome home;
+    {
+        Config cfg(QStringLiteral("norvika"));
+        cfg.setGroup(QStringLiteral("Options"));
+        cfg.writeEntry(QStringLiteral("text"), value);
+        cfg.writeEntry(QStringLiteral("zoom"), 11);
+        cfg.writeEntry(QStringLiteral("memo"), true);
+    }
+    Config cfg(QStringLiteral("norvika"));
+    cfg.setGroup(QStringLiteral("Options"));
+    QCOMPARE(cfg.readEntry(QStringLiteral("text")), value);
+    QCOMPARE(cfg.readNumEntry(QStringLiteral("zoom")), 11);
+    QCOMPARE(cfg.readBoolEntry(QStringLiteral("memo")), true);
+}
+
+void TestConfig::defaultsWhenMissing()
+{
+    TestHome home;
+    Config cfg(QStringLiteral("qpe"));
+    QVERIFY(cfg.isValid());
+    cfg.setGroup(QStringLiteral("Date"));
+    QCOMPARE(cfg.readEntry(QStringLiteral("Separator"), QStringLiteral("/")), QStringLiteral("/"));
+    QCOMPARE(cfg.readNumEntry(QStringLiteral("ShortOrder"), 273), 273);
+    QCOMPARE(cfg.readBoolEntry(QStringLiteral("AMPM"), true), true);
+    QVERIFY(!cfg.hasKey(QStringLiteral("Separator")));
+}
+
+void TestConfig::writtenOnDestructionOnlyWhenChanged()
+{
+    TestHome home;
+    const QString path = PlatformPaths::settingsDir() + QStringLiteral("/norvika.conf");
+    {
+        Config cfg(QStringLiteral("norvika"));
+        cfg.setGroup(QStringLiteral("Options"));
+        QCOMPARE(cfg.readEntry(QStringLiteral("card")), QString());
+    }
+    QVERIFY(!QFile::exists(path));
+    {
+        Config cfg(QStringLiteral("norvika"));
+        cfg.setGroup(QStringLiteral("Options"));
+        cfg.writeEntry(QStringLiteral("card"), QStringLiteral("/x.card"));
+        QVERIFY(cfg.write());
+        QVERIFY(QFile::exists(path));
+    }
+}
+
+void TestConfig::removeEntryAndClearGroup()
+{
+    TestHome home;
+    {
+        Config cfg(QStringLiteral("norvika"));
+        cfg.setGroup(QStringLiteral("Options"));
+        cfg.writeEntry(QStringLiteral("card"), QStringLiteral("a"));
+        cfg.writeEntry(QStringLiteral("memo"), false);
+        cfg.setGroup(QStringLiteral("main"));
+        cfg.writeEntry(QStringLiteral("colour"), QStringLiteral("red"));
+    }
+    {
+        Config cfg(QStringLiteral("norvika"));
+        cfg.setGroup(QStringLiteral("Options"));
+        cfg.removeEntry(QStringLiteral("card"));
+        cfg.setGroup(QStringLiteral("main"));
+        cfg.clearGroup();
+    }
+    Config cfg(QStringLiteral("norvika"));
+    cfg.setGroup(QStringLiteral("Options"));
+    QVERIFY(!cfg.hasKey(QStringLiteral("card")));
+    QVERIFY(cfg.hasKey(QStringLiteral("memo")));
+    cfg.setGroup(QStringLiteral("main"));
+    QVERIFY(!cfg.hasKey(QStringLiteral("colour")));
+}
+
+void TestConfig::listEntries()
+{
+    TestHome home;
+    Config cfg(QStringLiteral("norvika"));
+    cfg.setGroup(QStringLiteral("cards_columns"));
+    cfg.writeEntry(QStringLiteral("widths"), QStringList{QStringLiteral("10"), QStringLiteral("20")},
+                   QLatin1Char(','));
+    QCOMPARE(cfg.readListEntry(QStringLiteral("widths"), QLatin1Char(',')),
+             (QStringList{QStringLiteral("10"), QStringLiteral("20")}));
+    QCOMPARE(cfg.readListEntry(QStringLiteral("none"), QLatin1Char(',')), QStringList());
+}
+
+void TestConfig::applicationFileNameCreatesFolder()
+{
+    TestHome home;
+    const QString path = Global::applicationFileName(QStringLiteral("norvika"), QStringLiteral("norvikaIDX"));
+    QCOMPARE(path, home.path() + QStringLiteral("/data/norvika/norvikaIDX"));
+    QVERIFY(QFileInfo(home.path() + QStringLiteral("/data/norvika")).isDir());
+}
+
+void TestConfig::findDocumentsByType()
+{
+    TestHome home;
+    const QStringList names{QStringLiteral("a.card"), QStringLiteral("sub/b.csv"),
+                            QStringLiteral("c.txt"), QStringLiteral("d.pdb")};
+    for (const QString &name : names) {
+        const QString path = home.documents() + QLatin1Char('/') + name;
+        QDir().mkpath(QFileInfo(path).absolutePath());
+        QFile f(path);
+        QVERIFY(f.open(QIODevice::WriteOnly));
+    }
+    QCOMPARE(Global::findDocuments(QStringLiteral("application/norvika")),
+             QStringList{home.documents() + QStringLiteral("/a.card")});
+    QCOMPARE(Global::findDocuments(QStringLiteral("text/*;csv/csv")).size(), 2);
+    QCOMPARE(Global::findDocuments(QStringLiteral("palm/database")),
+             QStringList{home.documents() + QStringLiteral("/d.pdb")});
+}
+
+QTEST_GUILESS_MAIN(TestConfig)
+#include "testconfig.moc"
