@@ -1,9 +1,11 @@
+#include "cli/cliapp.h"
+
 #include <QCoreApplication>
-#include <QTextStream>
 
 int main(int argc, char **argv)
 {
     QCoreApplication app(argc, argv);
-    QTextStream(stdout) << "norvika-cli " NORVIKA_VERSION "\n";
-    return 0;
+    // The name that names the program's folders and channels, as in the desktop program.
+    app.setObjectName(QStringLiteral("norvika"));
+    return CliApp().run(app.arguments().mid(1));
 }

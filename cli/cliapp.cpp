@@ -1,0 +1,78 @@
+#include "cli/cliapp.h"
+
+#include "cli/clicommand.h"
+#include "platform/platformpaths.h"
+
+#include <QTextStream>
+
+#include <cstdio>
+
+CliApp::CliApp() = default;
+
+CliApp::~CliApp() = default;
+
+CliCommand *CliApp::find(const QString &name) const
+{
+    for (const auto &command : m_commands) {
+        if (command->name() == name)
+            return command.get();
+    }
+    return nullptr;
+}
+
+void CliApp::printHelp() const
+{
+    QTextStream out(stdout);
+    out.setEncoding(QStringConverter::Utf8);
+    out << "usage: norvika-cli [--home DIR] COMMAND [ARGS...]\n"
+           "Works on Norvika's cards without a display.\n\n"
+           "Options:\n"
+           "  --home DIR   keep every file (settings, data, documents) under DIR\n"
+           "               (default: $NORVIKA_HOME, else the user's usual places)\n"
+           "  --help       show this help; COMMAND --help shows a command's\n"
+           "  --version    show the version\n";
+    if (!m_commands.empty())
+        out << "\nCommands:\n";
+    for (const auto &command : m_commands)
+        out << "  " << command->name().leftJustified(12) << ' ' << command->summary() << '\n';
+}
+
+int CliApp::usageError(const QString &message) const
+{
+    QTextStream err(stderr);
+    err.setEncoding(QStringConverter::Utf8);
+    err << "norvika-cli: " << message << '\n'
+        << "usage: norvika-cli [--home DIR] COMMAND [ARGS...]  (norvika-cli --help lists the commands)\n";
+    return CliCommand::UsageError;
+}
+
+int CliApp::run(const QStringList &arguments)
+{
+    qsizetype i = 0;
+    for (; i < arguments.size(); ++i) {
+        const QString &arg = arguments.at(i);
+        if (arg == QLatin1String("--help")) {
+            printHelp();
+            return CliCommand::Success;
+        }
+        if (arg == QLatin1String("--version")) {
+            QTextStream(stdout) << "norvika-cli " << NORVIKA_VERSION << '\n';
+            return CliCommand::Success;
+        }
+        if (arg == QLatin1String("--home")) {
+            if (++i >= arguments.size())
+                return usageError(QStringLiteral("option --home needs a value"));
+            PlatformPaths::setHomeRoot(arguments.at(i));
+            continue;
+        }
+        if (arg.startsWith(QLatin1String("--")))
+            return usageError(QStringLiteral("unknown option %1").arg(arg));
+        break;
+    }
+    if (i >= arguments.size())
+        return usageError(QStringLiteral("no command given"));
+    CliCommand *command = find(arguments.at(i));
+    if (!command)
+        return usageError(QStringLiteral("unknown command %1").arg(arguments.at(i)));
+    return command->execute(arguments.mid(i + 1));
+}
