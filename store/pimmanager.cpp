@@ -54,12 +54,6 @@ void syncFolder(const QString &path)
     ::close(fd);
 }
 
-bool flushToDisk(QFile &file)
-{
-    if (!file.flush())
-        return false;
-    return ::fsync(file.handle()) == 0;
-}
 } // namespace
 
 PIMManager::PIMManager(const QString &folder, const QString &fileName, bool templates,
@@ -100,8 +94,8 @@ bool PIMManager::load()
     const QString path = fullPath();
     const QString pending = path + QStringLiteral(".new");
     // A save that was cut off between writing and renaming left the card only here.
-    if (!QFile::exists(path) && QFile::exists(pending))
-        posixRename(pending, path);
+    if (!QFile::exists(path) && QFile::exists(pending) && posixRename(pending, path))
+        syncFolder(path);
 
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
@@ -298,20 +292,8 @@ bool PIMManager::save()
         return false;
 
     const QString pending = path + QStringLiteral(".new");
-    QFile file(pending);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
-        m_errorString = tr("Cannot write \"%1\": %2").arg(pending, file.errorString());
-        return false;
-    }
-    const bool written = m_format == BinaryFormat ? writeBinary(file) : writeText(file);
-    const bool durable = written && flushToDisk(file);
-    const QString writeError
-        = file.error() != QFileDevice::NoError ? file.errorString() : systemError();
-    file.close();
-    if (!durable || file.error() != QFileDevice::NoError) {
+    if (!writePending(pending)) {
         QFile::remove(pending);
-        m_errorString = tr("Cannot save \"%1\": %2. The file on disk was left as it was.")
-                            .arg(path, writeError);
         return false;
     }
     if (!posixRename(pending, path)) {
@@ -326,6 +308,36 @@ bool PIMManager::save()
     m_dataStart = m_newDataStart;
     m_errorString.clear();
     return true;
+}
+
+// Writes the whole file under the pending name and makes it durable; any failure on the way
+// (full disk, size limit, I/O error) leaves a message and a false result.
+bool PIMManager::writePending(const QString &pending)
+{
+    QFile file(pending);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+        m_errorString = tr("Cannot write \"%1\": %2").arg(pending, file.errorString());
+        return false;
+    }
+    errno = 0;
+    bool ok = m_format == BinaryFormat ? writeBinary(file) : writeText(file);
+    int error = errno;
+    if (ok && !file.flush()) {
+        ok = false;
+        error = errno;
+    }
+    if (ok && ::fsync(file.handle()) != 0) {
+        ok = false;
+        error = errno;
+    }
+    file.close();
+    if (ok && file.error() == QFileDevice::NoError)
+        return true;
+    const QString reason
+        = error != 0 ? QString::fromLocal8Bit(std::strerror(error)) : file.errorString();
+    m_errorString = tr("Cannot save \"%1\": %2. The file on disk was left as it was.")
+                        .arg(fullPath(), reason);
+    return false;
 }
 
 bool PIMManager::writeText(QIODevice &device)
