@@ -89,6 +89,7 @@ bool PIMManager::load()
     resetHeader();
     m_damaged = false;
     m_damagedKept = false;
+    m_dataStart = 0;
     m_errorString.clear();
 
     const QString path = fullPath();
@@ -129,15 +130,12 @@ void PIMManager::readText(QIODevice &device)
 {
     QTextStream stream(&device);
     stream.setEncoding(QStringConverter::Utf8);
-    readTextHeader(stream);
+    if (!readTextHeader(stream))
+        m_damaged = true;
     m_dataStart = stream.pos();
     if (m_headerOnly)
         return;
-    qint64 expected = m_total;
-    if (m_total >= 0)
-        m_records.reserve(qMin<qint64>(m_total, device.size() / minTextRecordBytes + 1));
-    else
-        expected = std::numeric_limits<qint64>::max();
+    const qint64 expected = prepareRecords(device.size() - m_dataStart, minTextRecordBytes);
     while (m_records.size() < expected && !stream.atEnd()) {
         PIMRecord *record = createRecord();
         if (!record->read(stream)) {
@@ -147,28 +145,29 @@ void PIMManager::readText(QIODevice &device)
         }
         m_records.append(record);
     }
-    if (m_total >= 0 && m_records.size() < m_total)
-        m_damaged = true;
+    checkRecordCount();
 }
 
-void PIMManager::readTextHeader(QTextStream &stream)
+// False when a header was begun but not closed by its "END".
+bool PIMManager::readTextHeader(QTextStream &stream)
 {
     if (stream.atEnd())
-        return;
+        return true;
     if (stream.readLine() != QLatin1String("FOLDER")) {
         // No header: the whole file is record blocks.
         stream.seek(0);
-        return;
+        return true;
     }
     while (!stream.atEnd()) {
         const QString line = stream.readLine();
         if (line == QLatin1String("END"))
-            break;
+            return true;
         // Unlike a record line, empty tokens are dropped here; old files rely on that.
         const QStringList tokens = line.split(QLatin1Char('='), Qt::SkipEmptyParts);
         if (!tokens.isEmpty())
             readHeader(tokens);
     }
+    return false;
 }
 
 void PIMManager::readBinary(QIODevice &device)
@@ -176,23 +175,17 @@ void PIMManager::readBinary(QIODevice &device)
     QDataStream stream(&device);
     ::BinaryFormat::prepare(stream);
     readHeader(stream);
-    if (!::BinaryFormat::ok(stream)) {
+    if (!::BinaryFormat::ok(stream) || m_total < -1) {
+        // Where the records begin is unknown: a header-only save carries nothing over, and
+        // the original stays in its ".damaged" copy.
+        m_dataStart = device.size();
         m_damaged = true;
         return;
     }
     m_dataStart = device.pos();
     if (m_headerOnly)
         return;
-    if (m_total < -1) {
-        m_damaged = true;
-        return;
-    }
-    qint64 expected = m_total;
-    if (m_total >= 0)
-        m_records.reserve(
-            qMin<qint64>(m_total, ::BinaryFormat::remaining(stream) / minBinaryRecordBytes));
-    else
-        expected = std::numeric_limits<qint64>::max();
+    const qint64 expected = prepareRecords(device.size() - m_dataStart, minBinaryRecordBytes);
     while (m_records.size() < expected && !stream.atEnd()) {
         PIMRecord *record = createRecord();
         record->read(stream);
@@ -203,6 +196,23 @@ void PIMManager::readBinary(QIODevice &device)
         }
         m_records.append(record);
     }
+    checkRecordCount();
+}
+
+// How many records to read: the header's total, or all there are when it states none. The
+// vector is sized from the total only as far as the bytes left could hold, so a damaged
+// count allocates nothing large.
+qint64 PIMManager::prepareRecords(qint64 bytesLeft, qint64 minRecordBytes)
+{
+    if (m_total < 0)
+        return std::numeric_limits<qint64>::max();
+    m_records.reserve(qMin<qint64>(m_total, qMax<qint64>(0, bytesLeft) / minRecordBytes));
+    return m_total;
+}
+
+// A file holding fewer records than its header states lost some of them.
+void PIMManager::checkRecordCount()
+{
     if (m_total >= 0 && m_records.size() < m_total)
         m_damaged = true;
 }

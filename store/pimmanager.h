@@ -138,8 +138,10 @@ protected:
 private:
     void clearRecords();
     void readText(QIODevice &device);
-    void readTextHeader(QTextStream &stream);
+    bool readTextHeader(QTextStream &stream);
     void readBinary(QIODevice &device);
+    qint64 prepareRecords(qint64 bytesLeft, qint64 minRecordBytes);
+    void checkRecordCount();
     bool writePending(const QString &pending);
     bool writeText(QIODevice &device);
     bool writeBinary(QIODevice &device);

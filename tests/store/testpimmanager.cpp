@@ -29,6 +29,7 @@ private Q_SLOTS:
     void binaryRoundTrip();
     void headerOnlySaveCopiesRecordPart_data();
     void headerOnlySaveCopiesRecordPart();
+    void headerOnlyOverDamagedHeader();
     void eleventhChangePostsOneSave();
     void failedAutomaticSaveCountsAgain();
     void viewInsertion_data();
@@ -324,6 +325,25 @@ void TestPIMManager::headerOnlySaveCopiesRecordPart()
     QVERIFY(after.endsWith(recordPart));
     if (format == PIMManager::TextFormat)
         QCOMPARE(after.indexOf("\nEND\n") + 5, after.size() - recordPart.size());
+}
+
+// With the header unreadable, where the records begin is unknown: nothing is carried over,
+// and the original is kept aside.
+void TestPIMManager::headerOnlyOverDamagedHeader()
+{
+    TestHome home;
+    QString path;
+    QByteArray bytes = makeCard(QStringLiteral("badheader"), PIMManager::BinaryFormat, &path);
+    bytes.replace(29, 4, QByteArray::fromHex("7ffffff0"));
+    writeBytes(path, bytes);
+    KeyedManager header(QStringLiteral("badheader"), PIMManager::BinaryFormat, true);
+    QVERIFY(header.load());
+    QVERIFY(header.loadedDamaged());
+    QVERIFY(header.forceSave());
+    QCOMPARE(fileBytes(path + QStringLiteral(".damaged")), bytes);
+    const QByteArray saved = fileBytes(path);
+    QVERIFY(saved.size() < 100);
+    QVERIFY(!saved.contains(bytes.mid(60)));
 }
 
 void TestPIMManager::eleventhChangePostsOneSave()
@@ -743,7 +763,8 @@ void TestPIMManager::everyCutAndFlipLoads()
         writeBytes(path, whole.left(cut));
         QVERIFY(manager.load());
         QVERIFY(manager.count() <= 3);
-        if (manager.count() < 3 && format == PIMManager::BinaryFormat)
+        // An empty text file is a valid empty store.
+        if (manager.count() < 3 && (cut > 0 || format == PIMManager::BinaryFormat))
             QVERIFY2(manager.loadedDamaged(), qPrintable(QString::number(cut)));
     }
     QRandomGenerator random(1);
