@@ -12,7 +12,8 @@
 
 #include <dlfcn.h>
 
-namespace {
+namespace
+{
 MRLApplication *theApplication = nullptr;
 
 // The width of the desktop, or 0 while there is no screen to ask.
@@ -50,11 +51,10 @@ MRLApplication::MRLApplication(int &argc, char **argv, const QString &name)
     connect(system, &QCopChannel::received, this, &MRLApplication::mrlAppReceive);
 
     connect(this, &QPEApplication::clockChanged, this, &MRLApplication::updateDateTimeFormats);
-    connect(this, &QPEApplication::dateFormatChanged, this,
-            &MRLApplication::updateDateTimeFormats);
+    connect(this, &QPEApplication::dateFormatChanged, this, &MRLApplication::updateDateTimeFormats);
     connect(this, &QPEApplication::weekChanged, this, &MRLApplication::updateDateTimeFormats);
     connect(DateTimeSettings::instance(), &DateTimeSettings::changed, this,
-            &MRLApplication::dateTimeSettingChanged);
+        &MRLApplication::dateTimeSettingChanged);
 }
 
 MRLApplication::~MRLApplication()

@@ -11,14 +11,14 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-namespace {
+namespace
+{
 QString dialogText(const QString &text)
 {
     return text + QStringLiteral(" ...");
 }
 
-struct ActionRow
-{
+struct ActionRow {
     const char *name;
     const char *icon;
     const char *text;
@@ -48,7 +48,8 @@ const ActionRow cardActions[] = {
 };
 } // namespace
 
-MRLDB::MRLDB(QWidget *parent) : MRLMainWindow(parent)
+MRLDB::MRLDB(QWidget *parent)
+    : MRLMainWindow(parent)
 {
     createActions();
     createToolBar();
@@ -70,8 +71,8 @@ void MRLDB::createActions()
             if (row.opensDialog)
                 text = dialogText(text);
         }
-        addAction(QString::fromLatin1(row.name), QString::fromLatin1(row.icon), nullptr,
-                  nullptr, false, text)
+        addAction(QString::fromLatin1(row.name), QString::fromLatin1(row.icon), nullptr, nullptr,
+            false, text)
             ->setEnabled(false);
     }
     addAction(QStringLiteral("memo"), QStringLiteral("info"), this, SLOT(toggleMemo()), true);
@@ -100,8 +101,8 @@ void MRLDB::createToolBar()
         ->setObjectName(QStringLiteral("mainMenuButton"));
 }
 
-QToolButton *MRLDB::addMenuButton(QToolBar *bar, const QString &icon, const QString &tip,
-                                  QMenu *menu)
+QToolButton *MRLDB::addMenuButton(
+    QToolBar *bar, const QString &icon, const QString &tip, QMenu *menu)
 {
     auto *button = new QToolButton(bar);
     button->setIcon(loadIconSet(icon));
@@ -116,9 +117,8 @@ QMenu *MRLDB::createMainMenu()
 {
     auto *menu = new QMenu(this);
     menu->setObjectName(QStringLiteral("mainMenu"));
-    const char *const items[] = { "modify", "fields", nullptr, "export", "clear", "remove",
-                                  nullptr, "zoomin", "zoomout", nullptr, "memo", "options",
-                                  nullptr, "pclink", nullptr, "Brightloom" };
+    const char *const items[] = { "modify", "fields", nullptr, "export", "clear", "remove", nullptr,
+        "zoomin", "zoomout", nullptr, "memo", "options", nullptr, "pclink", nullptr, "Brightloom" };
     for (const char *name : items) {
         if (name)
             menu->addAction(action(QString::fromLatin1(name)));
@@ -143,8 +143,8 @@ void MRLDB::createPanes()
     memoEdit->setWordWrapMode(QTextOption::WordWrap);
     // Four lines of text; the document's own margin comes on top of the frame.
     const int margin = int(memoEdit->document()->documentMargin());
-    memoEdit->setFixedHeight(4 * memoEdit->fontMetrics().lineSpacing()
-                             + 2 * memoEdit->frameWidth() + 2 * margin);
+    memoEdit->setFixedHeight(
+        4 * memoEdit->fontMetrics().lineSpacing() + 2 * memoEdit->frameWidth() + 2 * margin);
     memoEdit->hide();
 
     auto *layout = new QVBoxLayout(central);

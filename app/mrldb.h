@@ -40,8 +40,7 @@ protected:
 private:
     void createActions();
     void createToolBar();
-    QToolButton *addMenuButton(QToolBar *bar, const QString &icon, const QString &tip,
-                               QMenu *menu);
+    QToolButton *addMenuButton(QToolBar *bar, const QString &icon, const QString &tip, QMenu *menu);
     QMenu *createMainMenu();
     void createPanes();
 

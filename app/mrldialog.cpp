@@ -9,7 +9,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-namespace {
+namespace
+{
 QString captionOf(const QString &caption)
 {
     return caption + QStringLiteral(" ...");
@@ -120,7 +121,7 @@ bool MRLDialog::rename(const QString &text, QString &result)
 }
 
 int MRLDialog::ask(const QString &caption, const QString &text, const QString &icon,
-                   const QString &button1, const QString &icon1)
+    const QString &button1, const QString &icon1)
 {
     MRLDialog box(caption, text, icon);
     box.addButton(button1, icon1);
@@ -128,8 +129,8 @@ int MRLDialog::ask(const QString &caption, const QString &text, const QString &i
 }
 
 int MRLDialog::ask(const QString &caption, const QString &text, const QString &icon,
-                   const QString &button1, const QString &icon1, const QString &button2,
-                   const QString &icon2, int defaultButton, int escapeButton)
+    const QString &button1, const QString &icon1, const QString &button2, const QString &icon2,
+    int defaultButton, int escapeButton)
 {
     MRLDialog box(caption, text, icon);
     box.addButton(button1, icon1);
@@ -138,9 +139,8 @@ int MRLDialog::ask(const QString &caption, const QString &text, const QString &i
 }
 
 int MRLDialog::ask(const QString &caption, const QString &text, const QString &icon,
-                   const QString &button1, const QString &icon1, const QString &button2,
-                   const QString &icon2, const QString &button3, const QString &icon3,
-                   int defaultButton, int escapeButton)
+    const QString &button1, const QString &icon1, const QString &button2, const QString &icon2,
+    const QString &button3, const QString &icon3, int defaultButton, int escapeButton)
 {
     MRLDialog box(caption, text, icon);
     box.addButton(button1, icon1);

@@ -27,14 +27,13 @@ public:
 
     // Return presses defaultButton, Escape gives escapeButton's number (0: none chosen).
     static int ask(const QString &caption, const QString &text, const QString &icon,
-                   const QString &button1, const QString &icon1);
+        const QString &button1, const QString &icon1);
     static int ask(const QString &caption, const QString &text, const QString &icon,
-                   const QString &button1, const QString &icon1, const QString &button2,
-                   const QString &icon2, int defaultButton = 1, int escapeButton = 2);
+        const QString &button1, const QString &icon1, const QString &button2, const QString &icon2,
+        int defaultButton = 1, int escapeButton = 2);
     static int ask(const QString &caption, const QString &text, const QString &icon,
-                   const QString &button1, const QString &icon1, const QString &button2,
-                   const QString &icon2, const QString &button3, const QString &icon3,
-                   int defaultButton = 1, int escapeButton = 3);
+        const QString &button1, const QString &icon1, const QString &button2, const QString &icon2,
+        const QString &button3, const QString &icon3, int defaultButton = 1, int escapeButton = 3);
 
 protected:
     void reject() override;

@@ -11,7 +11,8 @@
 #include <QScreen>
 #include <QToolBar>
 
-namespace {
+namespace
+{
 // The key codes of the handheld's two zoom keys.
 const int deviceZoomInKey = 0x2010;
 const int deviceZoomOutKey = 0x200f;
@@ -26,25 +27,25 @@ bool desktopIsPortrait()
 } // namespace
 
 MRLMainWindow::MRLMainWindow(QWidget *parent)
-    : QMainWindow(parent), m_portrait(desktopIsPortrait())
+    : QMainWindow(parent)
+    , m_portrait(desktopIsPortrait())
 {
     setWindowTitle(qApp->objectName());
 
     addAction(QStringLiteral("Brightloom"), QStringLiteral("Brightloom"), this, SLOT(about()),
-              false, tr("About") + QStringLiteral(" ..."));
+        false, tr("About") + QStringLiteral(" ..."));
     addAction(QStringLiteral("zoomin"), QStringLiteral("viewmag+"), this, SLOT(zoomin()), false,
-              tr("Zoom In"))
+        tr("Zoom In"))
         ->setShortcut(QKeySequence::ZoomIn);
     addAction(QStringLiteral("zoomout"), QStringLiteral("viewmag-"), this, SLOT(zoomout()), false,
-              tr("Zoom Out"))
+        tr("Zoom Out"))
         ->setShortcut(QKeySequence::ZoomOut);
-    addAction(QStringLiteral("exit"), QStringLiteral("exit"), qApp, SLOT(quit()), false,
-              tr("Exit"))
+    addAction(QStringLiteral("exit"), QStringLiteral("exit"), qApp, SLOT(quit()), false, tr("Exit"))
         ->setShortcut(QKeySequence::Quit);
 }
 
 MRLAction *MRLMainWindow::addAction(const QString &name, const QString &icon, QObject *receiver,
-                                    const char *slot, bool toggle, const QString &text)
+    const char *slot, bool toggle, const QString &text)
 {
     auto *action = new MRLAction(name, icon, loadIconSet(icon), text, toggle, this);
     if (receiver && slot)
@@ -139,17 +140,17 @@ void MRLMainWindow::resizeEvent(QResizeEvent *event)
 
 void MRLMainWindow::showAbout()
 {
-    const QString text =
-        tr("<h3>Norvika %1</h3>"
-           "<p>A personal card-file database: each card is one file that holds its own "
-           "fields, records, views and filters.</p>"
-           "<p>Settings: %2<br>Application data: %3<br>New cards: %4<br>"
-           "Pictures and program files: %5</p>")
-            .arg(QStringLiteral(NORVIKA_VERSION), PlatformPaths::settingsDir().toHtmlEscaped(),
-                 PlatformPaths::dataDir().toHtmlEscaped(),
-                 PlatformPaths::documentsDir().toHtmlEscaped(),
-                 PlatformPaths::shareDir().toHtmlEscaped());
-    AboutDialog box(loadPixmap(QStringLiteral("32/cards")), tr("About") + QStringLiteral(" Norvika"),
-                    text, this);
+    const QString text
+        = tr("<h3>Norvika %1</h3>"
+             "<p>A personal card-file database: each card is one file that holds its own "
+             "fields, records, views and filters.</p>"
+             "<p>Settings: %2<br>Application data: %3<br>New cards: %4<br>"
+             "Pictures and program files: %5</p>")
+              .arg(QStringLiteral(NORVIKA_VERSION), PlatformPaths::settingsDir().toHtmlEscaped(),
+                  PlatformPaths::dataDir().toHtmlEscaped(),
+                  PlatformPaths::documentsDir().toHtmlEscaped(),
+                  PlatformPaths::shareDir().toHtmlEscaped());
+    AboutDialog box(loadPixmap(QStringLiteral("32/cards")),
+        tr("About") + QStringLiteral(" Norvika"), text, this);
     box.exec();
 }

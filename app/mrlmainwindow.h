@@ -26,7 +26,7 @@ public:
     // Makes a command with the picture of that name, files it under name and, with a
     // receiver, connects it to slot. The window takes its shortcut even when no menu shows it.
     MRLAction *addAction(const QString &name, const QString &icon, QObject *receiver,
-                         const char *slot, bool toggle = false, const QString &text = QString());
+        const char *slot, bool toggle = false, const QString &text = QString());
     MRLAction *action(const QString &name) const;
 
     // A tool bar at the top that can neither move nor float.
@@ -43,9 +43,9 @@ public:
 
 public Q_SLOTS:
     void about();
-    virtual void zoomin() {}
-    virtual void zoomout() {}
-    virtual void rotate() {}
+    virtual void zoomin() { }
+    virtual void zoomout() { }
+    virtual void rotate() { }
 
 protected:
     bool event(QEvent *event) override;

@@ -6,7 +6,8 @@
 #include <QFileInfo>
 #include <QFontMetrics>
 
-namespace {
+namespace
+{
 QString &keptBase()
 {
     static QString base;
@@ -14,8 +15,8 @@ QString &keptBase()
 }
 } // namespace
 
-QStringList ResourceIcons::searchPath(const QString &name, const QString &base, const QString &app,
-                                      bool highResolution)
+QStringList ResourceIcons::searchPath(
+    const QString &name, const QString &base, const QString &app, bool highResolution)
 {
     const bool ownFolder = !app.isEmpty();
     QStringList patterns;
@@ -37,8 +38,8 @@ QStringList ResourceIcons::searchPath(const QString &name, const QString &base, 
     return files;
 }
 
-QString ResourceIcons::findIn(const QString &name, const QString &base, const QString &app,
-                              bool highResolution)
+QString ResourceIcons::findIn(
+    const QString &name, const QString &base, const QString &app, bool highResolution)
 {
     if (name.isEmpty())
         return QString();

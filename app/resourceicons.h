@@ -17,11 +17,11 @@ class ResourceIcons
 {
 public:
     // The files tried for name, in order.
-    static QStringList searchPath(const QString &name, const QString &base, const QString &app,
-                                  bool highResolution);
+    static QStringList searchPath(
+        const QString &name, const QString &base, const QString &app, bool highResolution);
     // The first of searchPath that exists, or an empty text.
-    static QString findIn(const QString &name, const QString &base, const QString &app,
-                          bool highResolution);
+    static QString findIn(
+        const QString &name, const QString &base, const QString &app, bool highResolution);
     // The file for name under the platform's folder, for this application and screen.
     static QString find(const QString &name);
 

@@ -18,15 +18,15 @@
 #include <cstdio>
 #include <cstdlib>
 
-namespace {
+namespace
+{
 
 const int toolBarSize = 22;
 const int highResolutionSize = 32;
 const int fontSizes[] = { 16, 24, 32 };
 const int themeSizes[] = { 8, 16, 22, 32, 48, 64, 128, 256 };
 
-struct Entry
-{
+struct Entry {
     int line = 0;
     QString folder; // empty, or the application's own folder under pics/
     QString name;
@@ -51,7 +51,8 @@ Entry parseEntry(const QStringList &words, const QString &where)
         static const QRegularExpression sizeOption(QStringLiteral("^size=(\\d{1,3})%$"));
         const QRegularExpressionMatch match = sizeOption.match(words.at(2));
         if (!match.hasMatch() || match.captured(1).toInt() < 10 || match.captured(1).toInt() > 100)
-            fail(where + QStringLiteral(": bad option \"%1\" (size=10% to size=100%)").arg(words.at(2)));
+            fail(where
+                + QStringLiteral(": bad option \"%1\" (size=10% to size=100%)").arg(words.at(2)));
         entry.percent = match.captured(1).toInt();
     }
     if (entry.name.startsWith(QLatin1Char('/')) || entry.name.contains(QStringLiteral("..")))
@@ -96,8 +97,8 @@ QString themeFile(const QString &themeDir, const QString &source, int size)
 {
     QString largest;
     for (int themeSize : themeSizes) {
-        const QString candidate =
-            QStringLiteral("%1/%2x%2/%3.png").arg(themeDir).arg(themeSize).arg(source);
+        const QString candidate
+            = QStringLiteral("%1/%2x%2/%3.png").arg(themeDir).arg(themeSize).arg(source);
         if (!QFileInfo::exists(candidate))
             continue;
         if (themeSize >= size)
@@ -139,8 +140,8 @@ void write(const QImage &image, const QString &path)
         fail(QStringLiteral("cannot write %1").arg(path));
 }
 
-QString outputPath(const QString &shareDir, const QString &root, const Entry &entry,
-                   const QString &sizeFolder)
+QString outputPath(
+    const QString &shareDir, const QString &root, const Entry &entry, const QString &sizeFolder)
 {
     QString path = shareDir + QLatin1Char('/') + root + QLatin1Char('/');
     if (!entry.folder.isEmpty())
@@ -150,17 +151,17 @@ QString outputPath(const QString &shareDir, const QString &root, const Entry &en
     return path + entry.name + QStringLiteral(".png");
 }
 
-void build(const Entry &entry, const QString &themeDir, const QString &shareDir,
-           const QString &mapName)
+void build(
+    const Entry &entry, const QString &themeDir, const QString &shareDir, const QString &mapName)
 {
     const QString pics = QStringLiteral("pics");
     write(picture(entry, themeDir, toolBarSize, mapName),
-          outputPath(shareDir, pics, entry, QString()));
+        outputPath(shareDir, pics, entry, QString()));
     for (int size : fontSizes)
         write(picture(entry, themeDir, size, mapName),
-              outputPath(shareDir, pics, entry, QString::number(size)));
+            outputPath(shareDir, pics, entry, QString::number(size)));
     write(picture(entry, themeDir, highResolutionSize, mapName),
-          outputPath(shareDir, QStringLiteral("pics144"), entry, QString()));
+        outputPath(shareDir, QStringLiteral("pics144"), entry, QString()));
 }
 
 } // namespace

@@ -6,8 +6,8 @@
 #include <QPixmap>
 #include <QPushButton>
 
-AboutDialog::AboutDialog(const QPixmap &picture, const QString &caption,
-                         const QString &richText, QWidget *parent)
+AboutDialog::AboutDialog(
+    const QPixmap &picture, const QString &caption, const QString &richText, QWidget *parent)
     : QDialog(parent)
 {
     setObjectName(QStringLiteral("about"));

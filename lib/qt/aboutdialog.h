@@ -12,7 +12,7 @@ class AboutDialog : public QDialog
 
 public:
     AboutDialog(const QPixmap &picture, const QString &caption, const QString &richText,
-                QWidget *parent = nullptr);
+        QWidget *parent = nullptr);
 };
 
 #endif

@@ -11,8 +11,8 @@ class MRLAction : public QAction
     Q_OBJECT
 
 public:
-    MRLAction(const QString &name, const QString &iconName, const QIcon &icon,
-              const QString &text, bool toggle, QObject *parent);
+    MRLAction(const QString &name, const QString &iconName, const QIcon &icon, const QString &text,
+        bool toggle, QObject *parent);
 
     QString name() const { return objectName(); }
     QString iconName() const { return m_iconName; }

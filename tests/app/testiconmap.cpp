@@ -38,7 +38,8 @@ void TestIconMap::initTestCase()
     static const QRegularExpression spaces(QStringLiteral("\\s+"));
     while (!in.atEnd()) {
         const QString line = in.readLine().trimmed();
-        if (line.isEmpty() || line.startsWith(QLatin1Char('#')) || line.startsWith(QLatin1Char('[')))
+        if (line.isEmpty() || line.startsWith(QLatin1Char('#'))
+            || line.startsWith(QLatin1Char('[')))
             continue;
         m_names << line.split(spaces).first();
     }
@@ -62,9 +63,8 @@ void TestIconMap::resolves()
         const QString sized = QLatin1String(size) + QLatin1Char('/') + name;
         QVERIFY2(!loadImage(sized).isNull(), qPrintable(sized));
     }
-    const QString high =
-        ResourceIcons::findIn(name, QStringLiteral(NORVIKA_BUILD_SHARE_DIR),
-                              QStringLiteral("norvika"), true);
+    const QString high = ResourceIcons::findIn(
+        name, QStringLiteral(NORVIKA_BUILD_SHARE_DIR), QStringLiteral("norvika"), true);
     QVERIFY2(high.contains(QStringLiteral("/pics144/")), qPrintable(high));
     QVERIFY(!QImage(high).isNull());
 }
@@ -73,10 +73,9 @@ void TestIconMap::namesTheProgramRelyOn_data()
 {
     QTest::addColumn<QString>("name");
     for (const char *name : { "cards", "std/c07", "filenew", "viewmag+", "viewmag-", "viewmag",
-                              "sort-name", "mouse", "dialog_critical", "dialog_warning",
-                              "dialog_info", "remove2", "rename2", "button_ok", "button_cancel",
-                              "lock", "lock2", "lockoverlay", "Brightloom", "pclink", "pda",
-                              "document", "image", "empty", "icons/12" })
+             "sort-name", "mouse", "dialog_critical", "dialog_warning", "dialog_info", "remove2",
+             "rename2", "button_ok", "button_cancel", "lock", "lock2", "lockoverlay", "Brightloom",
+             "pclink", "pda", "document", "image", "empty", "icons/12" })
         QTest::newRow(name) << QString::fromLatin1(name);
 }
 
@@ -98,7 +97,8 @@ void TestIconMap::overlayIsSmallerThanACardIcon()
 void TestIconMap::cardIconsAreNumbered()
 {
     for (int i = 0; i < 40; ++i)
-        QVERIFY2(!loadImage(QStringLiteral("icons/%1").arg(i)).isNull(), qPrintable(QString::number(i)));
+        QVERIFY2(
+            !loadImage(QStringLiteral("icons/%1").arg(i)).isNull(), qPrintable(QString::number(i)));
 }
 
 QTEST_MAIN(TestIconMap)

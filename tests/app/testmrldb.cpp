@@ -118,8 +118,7 @@ void TestMRLDB::toolBar()
 
     const QList<QAction *> items = bar->actions();
     QCOMPARE(items.size(), 11);
-    QCOMPARE(itemsOf(items.mid(0, 5)),
-             (QStringList { "db", "new", "edit", "clone", "delete" }));
+    QCOMPARE(itemsOf(items.mid(0, 5)), (QStringList { "db", "new", "edit", "clone", "delete" }));
     QCOMPARE(items.at(8)->objectName(), QStringLiteral("report"));
 
     const int buttonAt[] = { 5, 6, 7, 10 };
@@ -143,9 +142,8 @@ void TestMRLDB::mainMenu()
     auto *menu = window.findChild<QMenu *>(QStringLiteral("mainMenu"));
     QVERIFY(menu);
     QCOMPARE(itemsOf(menu->actions()),
-             (QStringList { "modify", "fields", "-", "export", "clear", "remove", "-", "zoomin",
-                            "zoomout", "-", "memo", "options", "-", "pclink", "-",
-                            "Brightloom" }));
+        (QStringList { "modify", "fields", "-", "export", "clear", "remove", "-", "zoomin",
+            "zoomout", "-", "memo", "options", "-", "pclink", "-", "Brightloom" }));
 }
 
 void TestMRLDB::memoPane()
@@ -216,7 +214,7 @@ void TestMRLDB::optionsAreWrittenOnHideAndDestruction()
         config.setGroup(QStringLiteral("Options"));
         QCOMPARE(config.readBoolEntry(QStringLiteral("memo"), false), true);
         QCOMPARE(config.readNumEntry(QStringLiteral("zoom"), 0),
-                 window.recordListPlace()->font().pointSize());
+            window.recordListPlace()->font().pointSize());
 
         window.show();
         QVERIFY(QTest::qWaitForWindowExposed(&window));

@@ -27,8 +27,7 @@ private Q_SLOTS:
     void questionCaptionDefaultsToDelete();
 
 private:
-    struct Seen
-    {
+    struct Seen {
         QString caption;
         QStringList buttons;
         bool hasIcon = false;
@@ -103,17 +102,16 @@ int TestMRLDialog::runCall(const QString &call)
         return MRLDialog::ask(c, t, QStringLiteral("dialog_info"), QStringLiteral("One"), ok);
     if (call == QLatin1String("ask2"))
         return MRLDialog::ask(c, t, QStringLiteral("dialog_warning"), QStringLiteral("Import"),
-                              QStringLiteral("import"), QStringLiteral("Edit"),
-                              QStringLiteral("edit"));
+            QStringLiteral("import"), QStringLiteral("Edit"), QStringLiteral("edit"));
     if (call == QLatin1String("ask2 default 2 escape 0"))
         return MRLDialog::ask(c, t, QStringLiteral("dialog_warning"), QStringLiteral("A"), ok,
-                              QStringLiteral("B"), ok, 2, 0);
+            QStringLiteral("B"), ok, 2, 0);
     if (call == QLatin1String("ask3"))
         return MRLDialog::ask(c, t, QStringLiteral("dialog_warning"), QStringLiteral("A"), ok,
-                              QStringLiteral("B"), ok, QStringLiteral("C"), ok);
+            QStringLiteral("B"), ok, QStringLiteral("C"), ok);
     if (call == QLatin1String("ask3 default 3 escape 2"))
         return MRLDialog::ask(c, t, QStringLiteral("dialog_warning"), QStringLiteral("A"), ok,
-                              QStringLiteral("B"), ok, QStringLiteral("C"), ok, 3, 2);
+            QStringLiteral("B"), ok, QStringLiteral("C"), ok, 3, 2);
     return -2;
 }
 
@@ -121,30 +119,52 @@ void TestMRLDialog::results_data()
 {
     QTest::addColumn<QString>("call");
     QTest::addColumn<QString>("answer"); // "1".."3" clicks that button, or a key
-    QTest::addColumn<int>("expected");   // question and rename: 1 true, 0 false
+    QTest::addColumn<int>("expected"); // question and rename: 1 true, 0 false
 
-    QTest::newRow("question Ok") << "question" << "1" << 1;
-    QTest::newRow("question Cancel") << "question" << "2" << 0;
-    QTest::newRow("question Return") << "question" << "Return" << 1;
-    QTest::newRow("question Escape") << "question" << "Escape" << 0;
-    QTest::newRow("rename Ok") << "rename" << "1" << 1;
-    QTest::newRow("rename Cancel") << "rename" << "2" << 0;
-    QTest::newRow("rename Return") << "rename" << "Return" << 1;
-    QTest::newRow("rename Escape") << "rename" << "Escape" << 0;
-    QTest::newRow("ask1 button") << "ask1" << "1" << 1;
-    QTest::newRow("ask1 Escape") << "ask1" << "Escape" << 1;
-    QTest::newRow("ask2 first") << "ask2" << "1" << 1;
-    QTest::newRow("ask2 second") << "ask2" << "2" << 2;
-    QTest::newRow("ask2 Return") << "ask2" << "Return" << 1;
-    QTest::newRow("ask2 Escape") << "ask2" << "Escape" << 2;
-    QTest::newRow("ask2 own Return") << "ask2 default 2 escape 0" << "Return" << 2;
-    QTest::newRow("ask2 own Escape") << "ask2 default 2 escape 0" << "Escape" << 0;
-    QTest::newRow("ask3 third") << "ask3" << "3" << 3;
-    QTest::newRow("ask3 second") << "ask3" << "2" << 2;
-    QTest::newRow("ask3 Return") << "ask3" << "Return" << 1;
-    QTest::newRow("ask3 Escape") << "ask3" << "Escape" << 3;
-    QTest::newRow("ask3 own Return") << "ask3 default 3 escape 2" << "Return" << 3;
-    QTest::newRow("ask3 own Escape") << "ask3 default 3 escape 2" << "Escape" << 2;
+    QTest::newRow("question Ok") << "question"
+                                 << "1" << 1;
+    QTest::newRow("question Cancel") << "question"
+                                     << "2" << 0;
+    QTest::newRow("question Return") << "question"
+                                     << "Return" << 1;
+    QTest::newRow("question Escape") << "question"
+                                     << "Escape" << 0;
+    QTest::newRow("rename Ok") << "rename"
+                               << "1" << 1;
+    QTest::newRow("rename Cancel") << "rename"
+                                   << "2" << 0;
+    QTest::newRow("rename Return") << "rename"
+                                   << "Return" << 1;
+    QTest::newRow("rename Escape") << "rename"
+                                   << "Escape" << 0;
+    QTest::newRow("ask1 button") << "ask1"
+                                 << "1" << 1;
+    QTest::newRow("ask1 Escape") << "ask1"
+                                 << "Escape" << 1;
+    QTest::newRow("ask2 first") << "ask2"
+                                << "1" << 1;
+    QTest::newRow("ask2 second") << "ask2"
+                                 << "2" << 2;
+    QTest::newRow("ask2 Return") << "ask2"
+                                 << "Return" << 1;
+    QTest::newRow("ask2 Escape") << "ask2"
+                                 << "Escape" << 2;
+    QTest::newRow("ask2 own Return") << "ask2 default 2 escape 0"
+                                     << "Return" << 2;
+    QTest::newRow("ask2 own Escape") << "ask2 default 2 escape 0"
+                                     << "Escape" << 0;
+    QTest::newRow("ask3 third") << "ask3"
+                                << "3" << 3;
+    QTest::newRow("ask3 second") << "ask3"
+                                 << "2" << 2;
+    QTest::newRow("ask3 Return") << "ask3"
+                                 << "Return" << 1;
+    QTest::newRow("ask3 Escape") << "ask3"
+                                 << "Escape" << 3;
+    QTest::newRow("ask3 own Return") << "ask3 default 3 escape 2"
+                                     << "Return" << 3;
+    QTest::newRow("ask3 own Escape") << "ask3 default 3 escape 2"
+                                     << "Escape" << 2;
 }
 
 void TestMRLDialog::results()
@@ -215,8 +235,7 @@ void TestMRLDialog::renameCancelledKeepsTheResult()
         auto *edit = box->findChild<QLineEdit *>(QStringLiteral("edit"));
         QVERIFY(edit);
         QTest::keyClicks(edit, QStringLiteral("other"));
-        QTest::mouseClick(box->findChild<QPushButton *>(QStringLiteral("button2")),
-                          Qt::LeftButton);
+        QTest::mouseClick(box->findChild<QPushButton *>(QStringLiteral("button2")), Qt::LeftButton);
     });
     QString result = QStringLiteral("unchanged");
     QVERIFY(!MRLDialog::rename(QStringLiteral("old"), result));

@@ -10,7 +10,8 @@
 #include <QToolBar>
 #include <QtTest>
 
-namespace {
+namespace
+{
 // Counts what the base leaves to its windows.
 class CountingWindow : public MRLMainWindow
 {
@@ -95,12 +96,18 @@ void TestMRLMainWindow::baseActions_data()
     QTest::addColumn<QString>("icon");
     QTest::addColumn<QKeySequence>("shortcut");
 
-    QTest::newRow("Brightloom") << "Brightloom" << "About ..." << "Brightloom" << QKeySequence();
-    QTest::newRow("zoomin") << "zoomin" << "Zoom In" << "viewmag+"
-                            << QKeySequence(QKeySequence::ZoomIn);
-    QTest::newRow("zoomout") << "zoomout" << "Zoom Out" << "viewmag-"
-                             << QKeySequence(QKeySequence::ZoomOut);
-    QTest::newRow("exit") << "exit" << "Exit" << "exit" << QKeySequence(QKeySequence::Quit);
+    QTest::newRow("Brightloom") << "Brightloom"
+                                << "About ..."
+                                << "Brightloom" << QKeySequence();
+    QTest::newRow("zoomin") << "zoomin"
+                            << "Zoom In"
+                            << "viewmag+" << QKeySequence(QKeySequence::ZoomIn);
+    QTest::newRow("zoomout") << "zoomout"
+                             << "Zoom Out"
+                             << "viewmag-" << QKeySequence(QKeySequence::ZoomOut);
+    QTest::newRow("exit") << "exit"
+                          << "Exit"
+                          << "exit" << QKeySequence(QKeySequence::Quit);
 }
 
 void TestMRLMainWindow::baseActions()
@@ -125,23 +132,25 @@ void TestMRLMainWindow::baseActions()
 void TestMRLMainWindow::addActionFilesAndConnects()
 {
     MRLMainWindow window;
-    MRLAction *action = window.addAction(QStringLiteral("rename"), QStringLiteral("edit"),
-                                         &window, SLOT(about()), false, QStringLiteral("Rename"));
+    MRLAction *action = window.addAction(QStringLiteral("rename"), QStringLiteral("edit"), &window,
+        SLOT(about()), false, QStringLiteral("Rename"));
     QCOMPARE(window.action(QStringLiteral("rename")), action);
     QVERIFY(!action->isCheckable());
     QVERIFY(!window.action(QStringLiteral("absent")));
 
-    MRLAction *toggle = window.addAction(QStringLiteral("switch"), QStringLiteral("info"),
-                                         nullptr, nullptr, true);
+    MRLAction *toggle = window.addAction(
+        QStringLiteral("switch"), QStringLiteral("info"), nullptr, nullptr, true);
     QVERIFY(toggle->isCheckable());
     QVERIFY(toggle->text().isEmpty());
 
     // A connected command reaches its slot: about() posts the box's event.
     bool aboutRequested = false;
-    struct Filter : QObject
-    {
+    struct Filter : QObject {
         bool *seen;
-        explicit Filter(bool *s) : seen(s) {}
+        explicit Filter(bool *s)
+            : seen(s)
+        {
+        }
         bool eventFilter(QObject *, QEvent *e) override
         {
             if (e->type() == QEvent::Type(MRLMainWindow::AboutEvent)) {

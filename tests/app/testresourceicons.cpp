@@ -75,12 +75,12 @@ void TestResourceIcons::searchPath_data()
     QTest::newRow("high resolution")
         << true << QStringLiteral("norvika")
         << QStringList { "/b/pics144/norvika/x/y.png", "/b/pics144/mrl/x/y.png",
-                         "/b/pics/norvika/x/y.png",    "/b/pics/mrl/x/y.png",
-                         "/b/pics144/x/y.png",         "/b/pics/x/y.png" };
+               "/b/pics/norvika/x/y.png", "/b/pics/mrl/x/y.png", "/b/pics144/x/y.png",
+               "/b/pics/x/y.png" };
     QTest::newRow("no application name")
         << true << QString()
         << QStringList { "/b/pics144/mrl/x/y.png", "/b/pics/mrl/x/y.png", "/b/pics144/x/y.png",
-                         "/b/pics/x/y.png" };
+               "/b/pics/x/y.png" };
 }
 
 void TestResourceIcons::searchPath()
@@ -88,9 +88,9 @@ void TestResourceIcons::searchPath()
     QFETCH(bool, highResolution);
     QFETCH(QString, app);
     QFETCH(QStringList, expected);
-    QCOMPARE(ResourceIcons::searchPath(QStringLiteral("x/y"), QStringLiteral("/b"), app,
-                                       highResolution),
-             expected);
+    QCOMPARE(
+        ResourceIcons::searchPath(QStringLiteral("x/y"), QStringLiteral("/b"), app, highResolution),
+        expected);
 }
 
 void TestResourceIcons::findIn_data()
@@ -100,15 +100,13 @@ void TestResourceIcons::findIn_data()
     QTest::addColumn<QString>("expected");
 
     const QStringList everywhere { "pics144/norvika/i.png", "pics144/mrl/i.png",
-                                   "pics/norvika/i.png",    "pics/mrl/i.png",
-                                   "pics144/i.png",         "pics/i.png" };
+        "pics/norvika/i.png", "pics/mrl/i.png", "pics144/i.png", "pics/i.png" };
     QTest::newRow("high resolution takes its own folder first")
         << everywhere << true << QStringLiteral("pics144/norvika/i.png");
     QTest::newRow("low resolution never looks at pics144")
         << everywhere << false << QStringLiteral("pics/norvika/i.png");
-    QTest::newRow("shared mrl folder before the common one")
-        << QStringList { "pics/mrl/i.png", "pics/i.png" } << false
-        << QStringLiteral("pics/mrl/i.png");
+    QTest::newRow("shared mrl folder before the common one") << QStringList { "pics/mrl/i.png",
+        "pics/i.png" } << false << QStringLiteral("pics/mrl/i.png");
     QTest::newRow("only under pics, high resolution")
         << QStringList { "pics/i.png" } << true << QStringLiteral("pics/i.png");
     QTest::newRow("application folder under pics on high resolution")
@@ -131,9 +129,8 @@ void TestResourceIcons::findIn()
         QFile out(base.filePath(file));
         QVERIFY(out.open(QIODevice::WriteOnly));
     }
-    const QString found =
-        ResourceIcons::findIn(QStringLiteral("i"), base.path(), QStringLiteral("norvika"),
-                              highResolution);
+    const QString found = ResourceIcons::findIn(
+        QStringLiteral("i"), base.path(), QStringLiteral("norvika"), highResolution);
     QCOMPARE(found, expected.isEmpty() ? QString() : base.filePath(expected));
 }
 
