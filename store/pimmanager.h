@@ -137,12 +137,17 @@ protected:
 private:
     void clearRecords();
     void readText(QIODevice &device);
+    void readTextHeader(QTextStream &stream);
     void readBinary(QIODevice &device);
     bool writeText(QIODevice &device);
     bool writeBinary(QIODevice &device);
+    int storedTotal() const;
     bool copyRecordPart(QIODevice &device) const;
     bool keepDamagedOriginal();
-    void sortView();
+    void resortAfterChange();
+    void fillView();
+    qsizetype ascendingPosition(const PIMRecord *record) const;
+    qsizetype descendingPosition(const PIMRecord *record) const;
 
     QString m_fileName;
     QString m_folder;
@@ -167,6 +172,7 @@ private:
     int m_readFormatVersion = 0;
     QMap<QString, QString> m_properties;
     bool m_damaged = false;
+    bool m_damagedKept = false;   // the damaged original was copied aside already
     QString m_errorString;
 };
 
