@@ -1,6 +1,9 @@
 #include "reminders/reminder.h"
 
+#include "store/mrlpim.h"
+
 #include <QDataStream>
+#include <QTextStream>
 
 bool Reminder::operator==(const Reminder &other) const
 {
@@ -22,4 +25,41 @@ void Reminder::read(QDataStream &stream)
     sound = soundFlag != 0;
     led = ledFlag != 0;
     type = pattern;
+}
+
+void Reminder::write(QTextStream &stream) const
+{
+    stream << "DATETIME=" << MRLPIM::dateTimeToString(dateTime) << '\n'
+           << "SOUND=" << (sound ? 1 : 0) << '\n'
+           << "LED=" << (led ? 1 : 0) << '\n'
+           << "TYPE=" << type << '\n'
+           << "REMINDER_END" << '\n';
+}
+
+bool Reminder::read(QTextStream &stream)
+{
+    while (!stream.atEnd()) {
+        const QString line = stream.readLine();
+        if (line == QLatin1String("REMINDER_END"))
+            return true;
+        readLine(line);
+    }
+    return false;
+}
+
+void Reminder::readLine(const QString &line)
+{
+    const QStringList parts = line.split(u'=', Qt::SkipEmptyParts);
+    if (parts.size() < 2)
+        return;
+    const QString &key = parts.at(0);
+    const QString &value = parts.at(1);
+    if (key == QLatin1String("DATETIME"))
+        dateTime = MRLPIM::stringToDateTime(value);
+    else if (key == QLatin1String("SOUND"))
+        sound = value.toInt() != 0;
+    else if (key == QLatin1String("LED"))
+        led = value.toInt() != 0;
+    else if (key == QLatin1String("TYPE"))
+        type = value.toInt();
 }
