@@ -27,9 +27,11 @@ QString MRLPIM::unescape(QStringList &tokens)
 {
     if (!tokens.isEmpty())
         tokens.removeFirst();
-    return tokens.join(QLatin1Char('='))
-        .split(QLatin1Char('|'), Qt::KeepEmptyParts)
-        .join(QLatin1Char('\n'));
+    const QString value = tokens.join(QLatin1Char('='))
+                              .split(QLatin1Char('|'), Qt::KeepEmptyParts)
+                              .join(QLatin1Char('\n'));
+    // A stored empty value is an empty string, not a null one: the binary form tells them apart.
+    return value.isNull() ? QString(QLatin1String("")) : value;
 }
 
 QString MRLPIM::dateToString(const QDate &date)

@@ -70,6 +70,8 @@ PIMManager::PIMManager(const QString &folder, const QString &fileName, bool temp
     , m_headerOnly(headerOnly)
     , m_relatedManager(relatedManager)
 {
+    // Lets queued connections and signal spies carry records.
+    qRegisterMetaType<PIMRecord *>();
 }
 
 PIMManager::~PIMManager()
