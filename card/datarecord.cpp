@@ -36,8 +36,7 @@ void DataRecord::clearValue(int i)
     setSlot(i, std::monostate());
 }
 
-template <typename T>
-T DataRecord::slot(int i) const
+template <typename T> T DataRecord::slot(int i) const
 {
     if (i < 0 || i >= slotCount())
         return T();
@@ -232,8 +231,8 @@ void DataRecord::readReminder(QDataStream &stream)
         m_reminder = std::move(reminder);
 }
 
-void DataRecord::restructure(const QList<int> &map, const QList<FieldDef> &oldFields,
-                             const QList<FieldDef> &newFields)
+void DataRecord::restructure(
+    const QList<int> &map, const QList<FieldDef> &oldFields, const QList<FieldDef> &newFields)
 {
     QList<Value> values(newFields.size());
     const int common = int(qMin(map.size(), qMin(oldFields.size(), m_values.size())));

@@ -69,14 +69,13 @@ public:
 
     // Rebuilds the slots for a changed schema: map[i] is the new index of old field i, or
     // -1 if it went away. A slot moves only if its value survives the type change.
-    void restructure(const QList<int> &map, const QList<FieldDef> &oldFields,
-                     const QList<FieldDef> &newFields);
+    void restructure(
+        const QList<int> &map, const QList<FieldDef> &oldFields, const QList<FieldDef> &newFields);
 
 private:
     using Value = std::variant<std::monostate, QString, double, QDate, QTime, QDateTime>;
 
-    template <typename T>
-    T slot(int i) const;
+    template <typename T> T slot(int i) const;
     void setSlot(int i, Value value);
     QList<FieldDef> fieldList() const;
     void writeSlot(QDataStream &stream, int i, int type) const;

@@ -7,16 +7,24 @@
 #include <cmath>
 #include <limits>
 
-namespace {
+namespace
+{
 
 const char *const typeNameTexts[FieldDef::TypeCount] = {
-    QT_TRANSLATE_NOOP("FieldDef", "String"),   QT_TRANSLATE_NOOP("FieldDef", "Integer"),
-    QT_TRANSLATE_NOOP("FieldDef", "Double"),   QT_TRANSLATE_NOOP("FieldDef", "Date"),
-    QT_TRANSLATE_NOOP("FieldDef", "Time"),     QT_TRANSLATE_NOOP("FieldDef", "DateTime"),
-    QT_TRANSLATE_NOOP("FieldDef", "Text"),     QT_TRANSLATE_NOOP("FieldDef", "Memo"),
-    QT_TRANSLATE_NOOP("FieldDef", "Reminder"), QT_TRANSLATE_NOOP("FieldDef", "List"),
-    QT_TRANSLATE_NOOP("FieldDef", "Bool"),     QT_TRANSLATE_NOOP("FieldDef", "Count"),
-    QT_TRANSLATE_NOOP("FieldDef", "Image"),    QT_TRANSLATE_NOOP("FieldDef", "MultiList"),
+    QT_TRANSLATE_NOOP("FieldDef", "String"),
+    QT_TRANSLATE_NOOP("FieldDef", "Integer"),
+    QT_TRANSLATE_NOOP("FieldDef", "Double"),
+    QT_TRANSLATE_NOOP("FieldDef", "Date"),
+    QT_TRANSLATE_NOOP("FieldDef", "Time"),
+    QT_TRANSLATE_NOOP("FieldDef", "DateTime"),
+    QT_TRANSLATE_NOOP("FieldDef", "Text"),
+    QT_TRANSLATE_NOOP("FieldDef", "Memo"),
+    QT_TRANSLATE_NOOP("FieldDef", "Reminder"),
+    QT_TRANSLATE_NOOP("FieldDef", "List"),
+    QT_TRANSLATE_NOOP("FieldDef", "Bool"),
+    QT_TRANSLATE_NOOP("FieldDef", "Count"),
+    QT_TRANSLATE_NOOP("FieldDef", "Image"),
+    QT_TRANSLATE_NOOP("FieldDef", "MultiList"),
     QT_TRANSLATE_NOOP("FieldDef", "Increment"),
 };
 
@@ -27,8 +35,8 @@ const QDate sortEpoch(1980, 1, 1);
 bool FieldDef::operator==(const FieldDef &other) const
 {
     return title == other.title && label == other.label && type == other.type
-        && formula == other.formula && defaultValue == other.defaultValue
-        && format == other.format && items == other.items && width == other.width;
+        && formula == other.formula && defaultValue == other.defaultValue && format == other.format
+        && items == other.items && width == other.width;
 }
 
 void FieldDef::write(QDataStream &stream) const

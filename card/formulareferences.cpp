@@ -2,7 +2,8 @@
 
 #include <QRegularExpression>
 
-namespace {
+namespace
+{
 
 const QRegularExpression &referencePattern()
 {
@@ -36,8 +37,8 @@ QString FormulaReferences::renumber(const QString &formula, const QList<int> &ma
         const int moved = field >= 0 && field < map.size() ? map.at(field) : -1;
         if (moved == -1)
             return QString();
-        const QString replacement = previous ? QStringLiteral("[F%1!]").arg(moved)
-                                             : QStringLiteral("[F%1]").arg(moved);
+        const QString replacement
+            = previous ? QStringLiteral("[F%1!]").arg(moved) : QStringLiteral("[F%1]").arg(moved);
         text.replace(match.capturedStart(), match.capturedLength(), replacement);
         // Go on behind the new text, so that a shorter number cannot hide the next one.
         from = match.capturedStart() + replacement.size();

@@ -34,9 +34,8 @@ void TestFieldDef::freshDefinition()
 
 void TestFieldDef::typeNamesInCodeOrder()
 {
-    const QStringList expected = { "String", "Integer", "Double", "Date", "Time",
-                                   "DateTime", "Text", "Memo", "Reminder", "List",
-                                   "Bool", "Count", "Image", "MultiList", "Increment" };
+    const QStringList expected = { "String", "Integer", "Double", "Date", "Time", "DateTime",
+        "Text", "Memo", "Reminder", "List", "Bool", "Count", "Image", "MultiList", "Increment" };
     QCOMPARE(FieldDef::typeNames(), expected);
     QCOMPARE(FieldDef::typeName(FieldDef::Increment), QStringLiteral("Increment"));
     QCOMPARE(FieldDef::typeName(15), QString());
@@ -75,23 +74,22 @@ void TestFieldDef::sortKeys_data()
     QTest::addColumn<QString>("expected");
     QTest::newRow("integer") << FieldDef::integerSortKey(42) << "00000042";
     QTest::newRow("negative integer keeps its sign") << FieldDef::integerSortKey(-5) << "-0000005";
-    QTest::newRow("wide integer is not cut") << FieldDef::integerSortKey(1234567890)
-                                             << "1234567890";
+    QTest::newRow("wide integer is not cut")
+        << FieldDef::integerSortKey(1234567890) << "1234567890";
     QTest::newRow("double") << FieldDef::doubleSortKey(3.5) << "000003.50000";
     QTest::newRow("negative double") << FieldDef::doubleSortKey(-2.25) << "-00002.25000";
     QTest::newRow("long double key") << FieldDef::doubleSortKey(1234567.125) << "1234567.12500";
     QTest::newRow("epoch date") << FieldDef::dateSortKey(QDate(1980, 1, 1)) << "00000000";
     QTest::newRow("date") << FieldDef::dateSortKey(QDate(1980, 2, 1)) << "00000031";
-    QTest::newRow("date before the epoch") << FieldDef::dateSortKey(QDate(1979, 12, 31))
-                                           << "-0000001";
+    QTest::newRow("date before the epoch")
+        << FieldDef::dateSortKey(QDate(1979, 12, 31)) << "-0000001";
     QTest::newRow("invalid date") << FieldDef::dateSortKey(QDate()) << QString();
     QTest::newRow("time") << FieldDef::timeSortKey(QTime(1, 2, 3, 999)) << "00003723";
     QTest::newRow("invalid time") << FieldDef::timeSortKey(QTime()) << QString();
-    QTest::newRow("date-time")
-        << FieldDef::dateTimeSortKey(QDateTime(QDate(1980, 1, 2), QTime(0, 0, 10))) << "00086410";
+    QTest::newRow("date-time") << FieldDef::dateTimeSortKey(QDateTime(QDate(1980, 1, 2),
+        QTime(0, 0, 10))) << "00086410";
     QTest::newRow("date-time in 2004")
-        << FieldDef::dateTimeSortKey(QDateTime(QDate(2004, 3, 7), QTime(18, 5, 9)))
-        << "763149909";
+        << FieldDef::dateTimeSortKey(QDateTime(QDate(2004, 3, 7), QTime(18, 5, 9))) << "763149909";
     QTest::newRow("date-time without date")
         << FieldDef::dateTimeSortKey(QDateTime(QDate(), QTime(1, 0))) << QString();
     QTest::newRow("flag set") << FieldDef::flagSortKey(true) << "1";
@@ -166,14 +164,15 @@ void TestFieldDef::streamBytes()
     QDataStream out(&bytes, QIODevice::WriteOnly);
     BinaryFormat::prepare(out);
     field.write(out);
-    const QByteArray expected = QByteArray::fromHex("00000002004e"  // title "N"
-                                                    "ffffffff"      // label: null
-                                                    "00000001"      // type Integer
-                                                    "ffffffff"      // formula
-                                                    "ffffffff"      // default
-                                                    "ffffffff"      // format
-                                                    "00000001" "000000020078" // items
-                                                    "ffffffff");    // width -1
+    const QByteArray expected = QByteArray::fromHex("00000002004e" // title "N"
+                                                    "ffffffff" // label: null
+                                                    "00000001" // type Integer
+                                                    "ffffffff" // formula
+                                                    "ffffffff" // default
+                                                    "ffffffff" // format
+                                                    "00000001"
+                                                    "000000020078" // items
+                                                    "ffffffff"); // width -1
     QCOMPARE(bytes.toHex(), expected.toHex());
 }
 

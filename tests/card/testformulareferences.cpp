@@ -20,8 +20,8 @@ void TestFormulaReferences::renumber_data()
     QTest::addColumn<QString>("expected");
     QTest::newRow("no reference") << "1 + 2" << QList<int> { 0 } << "1 + 2";
     QTest::newRow("swap") << "[F0] - [F1]" << QList<int> { 1, 0 } << "[F1] - [F0]";
-    QTest::newRow("lower case and previous") << "[f2!] * [F2]" << QList<int> { 0, 1, 4 }
-                                            << "[F4!] * [F4]";
+    QTest::newRow("lower case and previous")
+        << "[f2!] * [F2]" << QList<int> { 0, 1, 4 } << "[F4!] * [F4]";
     QTest::newRow("shorter numbers do not hide the next reference")
         << "[F10]+[F2]" << QList<int> { 0, 1, 3, 3, 4, 5, 6, 7, 8, 9, 1 } << "[F1]+[F3]";
     QTest::newRow("longer numbers") << "[F1]+[F0]" << QList<int> { 12, 10 } << "[F10]+[F12]";

@@ -23,8 +23,8 @@ void TestPasswordMask::knownForms_data()
     QTest::newRow("empty") << QString() << QString();
     QTest::newRow("one letter") << QStringLiteral("A") << QStringLiteral("frs2cg");
     QTest::newRow("two letters") << QStringLiteral("ab") << QStringLiteral("frs2bkg3ti4wz");
-    QTest::newRow("negative number") << QStringLiteral("Zz9")
-                                     << QStringLiteral("frs2d7h-1kyb6ogk322ql");
+    QTest::newRow("negative number")
+        << QStringLiteral("Zz9") << QStringLiteral("frs2d7h-1kyb6ogk322ql");
     QTest::newRow("cyrillic") << QStringLiteral("ключ")
                               << QStringLiteral("frs1i3h-hfvlj3g5jrh3kg6anazn");
 }

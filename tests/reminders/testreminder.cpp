@@ -35,7 +35,12 @@ void TestReminder::binaryBytes()
     BinaryFormat::prepare(out);
     sample().write(out);
     // Julian day 2453072, 65109000 ms, sound 1, led 0, type 4.
-    QCOMPARE(bytes.toHex(), QByteArray("00256e50" "03e17c08" "00000001" "00000000" "00000004"));
+    QCOMPARE(bytes.toHex(),
+        QByteArray("00256e50"
+                   "03e17c08"
+                   "00000001"
+                   "00000000"
+                   "00000004"));
 }
 
 void TestReminder::binaryRoundTrip()
@@ -60,8 +65,9 @@ void TestReminder::textForm()
     QTextStream out(&text);
     sample().write(out);
     out.flush();
-    QCOMPARE(text, QStringLiteral("DATETIME=7 3 2004 18 5 9\nSOUND=1\nLED=0\nTYPE=4\n"
-                                  "REMINDER_END\n"));
+    QCOMPARE(text,
+        QStringLiteral("DATETIME=7 3 2004 18 5 9\nSOUND=1\nLED=0\nTYPE=4\n"
+                       "REMINDER_END\n"));
     QTextStream in(&text);
     Reminder read;
     QVERIFY(read.read(in));
@@ -74,10 +80,11 @@ void TestReminder::textReading_data()
     QTest::addColumn<bool>("sound");
     QTest::addColumn<bool>("led");
     QTest::addColumn<int>("type");
-    QTest::newRow("any order, any non-zero flag")
-        << "TYPE=6\nLED=7\nSOUND=-1\nREMINDER_END\n" << true << true << 6;
+    QTest::newRow("any order, any non-zero flag") << "TYPE=6\nLED=7\nSOUND=-1\nREMINDER_END\n"
+                                                  << true << true << 6;
     QTest::newRow("unknown keys and short lines skipped")
-        << "COLOUR=red\nSOUND=\nLED\nTYPE=2\nREMINDER_END\nTYPE=3\n" << false << false << 2;
+        << "COLOUR=red\nSOUND=\nLED\nTYPE=2\nREMINDER_END\nTYPE=3\n"
+        << false << false << 2;
 }
 
 void TestReminder::textReading()
