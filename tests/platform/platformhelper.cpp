@@ -2,6 +2,8 @@
 // tool, talking to the process under test through the bridge and the alarm table.
 //   send CHANNEL MESSAGE TEXT       exit 0 when a receiver took it
 //   registered CHANNEL              exit 0 when the channel has a receiver
+//   alarm MSECS CHANNEL MESSAGE N   adds an alarm MSECS from now; exit 0 when stored
+#include "platform/alarmserver.h"
 #include "platform/qcopchannel.h"
 
 #include <QCoreApplication>
@@ -23,6 +25,13 @@ int runCore(int argc, char **argv)
     }
     if (command == QLatin1String("registered") && args.size() == 3)
         return QCopChannel::isRegistered(args.at(2).toUtf8()) ? 0 : 1;
+    if (command == QLatin1String("alarm") && args.size() == 6) {
+        const QDateTime when = QDateTime::currentDateTime().addMSecs(args.at(2).toLongLong());
+        return AlarmServer::addAlarm(
+                   when, args.at(3).toUtf8(), args.at(4).toUtf8(), args.at(5).toInt())
+            ? 0
+            : 1;
+    }
     return 2;
 }
 
