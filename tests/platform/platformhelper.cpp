@@ -3,8 +3,10 @@
 //   send CHANNEL MESSAGE TEXT       exit 0 when a receiver took it
 //   registered CHANNEL              exit 0 when the channel has a receiver
 //   alarm MSECS CHANNEL MESSAGE N   adds an alarm MSECS from now; exit 0 when stored
+//   launch [ARGUMENTS...]           starts as the program; exit 0 when handed to the running one
 #include "platform/alarmserver.h"
 #include "platform/qcopchannel.h"
+#include "platform/qpeapplication.h"
 
 #include <QCoreApplication>
 #include <QDataStream>
@@ -35,9 +37,20 @@ int runCore(int argc, char **argv)
     return 2;
 }
 
+int runLaunch(int argc, char **argv)
+{
+    // The program's own arguments follow the word "launch".
+    argv[1] = argv[0];
+    int count = argc - 1;
+    QPEApplication app(count, argv + 1);
+    app.setObjectName(QStringLiteral("norvika"));
+    return app.forwardToRunningInstance() ? 0 : 3;
+}
 } // namespace
 
 int main(int argc, char **argv)
 {
+    if (argc >= 2 && qstrcmp(argv[1], "launch") == 0)
+        return runLaunch(argc, argv);
     return runCore(argc, argv);
 }
