@@ -56,9 +56,9 @@ QString withoutSurrogates(const QString &text)
     return result;
 }
 
-// Without a closing operand and with the blind steps of calls, a run can re-read the text
-// only a few times over; this many steps for each character are never reached by a run
-// that comes to an end, so reaching them proves one that would not.
+// A run that comes to an end moves forward through the text and comes back only to its
+// last character, in fewer than two steps per character. Far more than that can only be
+// a run that would never end.
 constexpr qsizetype stepsPerCharacter = 64;
 
 } // namespace
