@@ -54,12 +54,6 @@ void syncFolder(const QString &path)
     ::close(fd);
 }
 
-bool flushToDisk(QFile &file)
-{
-    if (!file.flush())
-        return false;
-    return ::fsync(file.handle()) == 0;
-}
 } // namespace
 
 PIMManager::PIMManager(const QString &folder, const QString &fileName, bool templates,
@@ -95,13 +89,14 @@ bool PIMManager::load()
     resetHeader();
     m_damaged = false;
     m_damagedKept = false;
+    m_dataStart = 0;
     m_errorString.clear();
 
     const QString path = fullPath();
     const QString pending = path + QStringLiteral(".new");
     // A save that was cut off between writing and renaming left the card only here.
-    if (!QFile::exists(path) && QFile::exists(pending))
-        posixRename(pending, path);
+    if (!QFile::exists(path) && QFile::exists(pending) && posixRename(pending, path))
+        syncFolder(path);
 
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
@@ -135,15 +130,12 @@ void PIMManager::readText(QIODevice &device)
 {
     QTextStream stream(&device);
     stream.setEncoding(QStringConverter::Utf8);
-    readTextHeader(stream);
+    if (!readTextHeader(stream))
+        m_damaged = true;
     m_dataStart = stream.pos();
     if (m_headerOnly)
         return;
-    qint64 expected = m_total;
-    if (m_total >= 0)
-        m_records.reserve(qMin<qint64>(m_total, device.size() / minTextRecordBytes + 1));
-    else
-        expected = std::numeric_limits<qint64>::max();
+    const qint64 expected = prepareRecords(device.size() - m_dataStart, minTextRecordBytes);
     while (m_records.size() < expected && !stream.atEnd()) {
         PIMRecord *record = createRecord();
         if (!record->read(stream)) {
@@ -153,28 +145,29 @@ void PIMManager::readText(QIODevice &device)
         }
         m_records.append(record);
     }
-    if (m_total >= 0 && m_records.size() < m_total)
-        m_damaged = true;
+    checkRecordCount();
 }
 
-void PIMManager::readTextHeader(QTextStream &stream)
+// False when a header was begun but not closed by its "END".
+bool PIMManager::readTextHeader(QTextStream &stream)
 {
     if (stream.atEnd())
-        return;
+        return true;
     if (stream.readLine() != QLatin1String("FOLDER")) {
         // No header: the whole file is record blocks.
         stream.seek(0);
-        return;
+        return true;
     }
     while (!stream.atEnd()) {
         const QString line = stream.readLine();
         if (line == QLatin1String("END"))
-            break;
+            return true;
         // Unlike a record line, empty tokens are dropped here; old files rely on that.
         const QStringList tokens = line.split(QLatin1Char('='), Qt::SkipEmptyParts);
         if (!tokens.isEmpty())
             readHeader(tokens);
     }
+    return false;
 }
 
 void PIMManager::readBinary(QIODevice &device)
@@ -182,23 +175,17 @@ void PIMManager::readBinary(QIODevice &device)
     QDataStream stream(&device);
     ::BinaryFormat::prepare(stream);
     readHeader(stream);
-    if (!::BinaryFormat::ok(stream)) {
+    if (!::BinaryFormat::ok(stream) || m_total < -1) {
+        // Where the records begin is unknown: a header-only save carries nothing over, and
+        // the original stays in its ".damaged" copy.
+        m_dataStart = device.size();
         m_damaged = true;
         return;
     }
     m_dataStart = device.pos();
     if (m_headerOnly)
         return;
-    if (m_total < -1) {
-        m_damaged = true;
-        return;
-    }
-    qint64 expected = m_total;
-    if (m_total >= 0)
-        m_records.reserve(
-            qMin<qint64>(m_total, ::BinaryFormat::remaining(stream) / minBinaryRecordBytes));
-    else
-        expected = std::numeric_limits<qint64>::max();
+    const qint64 expected = prepareRecords(device.size() - m_dataStart, minBinaryRecordBytes);
     while (m_records.size() < expected && !stream.atEnd()) {
         PIMRecord *record = createRecord();
         record->read(stream);
@@ -209,6 +196,23 @@ void PIMManager::readBinary(QIODevice &device)
         }
         m_records.append(record);
     }
+    checkRecordCount();
+}
+
+// How many records to read: the header's total, or all there are when it states none. The
+// vector is sized from the total only as far as the bytes left could hold, so a damaged
+// count allocates nothing large.
+qint64 PIMManager::prepareRecords(qint64 bytesLeft, qint64 minRecordBytes)
+{
+    if (m_total < 0)
+        return std::numeric_limits<qint64>::max();
+    m_records.reserve(qMin<qint64>(m_total, qMax<qint64>(0, bytesLeft) / minRecordBytes));
+    return m_total;
+}
+
+// A file holding fewer records than its header states lost some of them.
+void PIMManager::checkRecordCount()
+{
     if (m_total >= 0 && m_records.size() < m_total)
         m_damaged = true;
 }
@@ -298,20 +302,8 @@ bool PIMManager::save()
         return false;
 
     const QString pending = path + QStringLiteral(".new");
-    QFile file(pending);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
-        m_errorString = tr("Cannot write \"%1\": %2").arg(pending, file.errorString());
-        return false;
-    }
-    const bool written = m_format == BinaryFormat ? writeBinary(file) : writeText(file);
-    const bool durable = written && flushToDisk(file);
-    const QString writeError
-        = file.error() != QFileDevice::NoError ? file.errorString() : systemError();
-    file.close();
-    if (!durable || file.error() != QFileDevice::NoError) {
+    if (!writePending(pending)) {
         QFile::remove(pending);
-        m_errorString = tr("Cannot save \"%1\": %2. The file on disk was left as it was.")
-                            .arg(path, writeError);
         return false;
     }
     if (!posixRename(pending, path)) {
@@ -326,6 +318,36 @@ bool PIMManager::save()
     m_dataStart = m_newDataStart;
     m_errorString.clear();
     return true;
+}
+
+// Writes the whole file under the pending name and makes it durable; any failure on the way
+// (full disk, size limit, I/O error) leaves a message and a false result.
+bool PIMManager::writePending(const QString &pending)
+{
+    QFile file(pending);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+        m_errorString = tr("Cannot write \"%1\": %2").arg(pending, file.errorString());
+        return false;
+    }
+    errno = 0;
+    bool ok = m_format == BinaryFormat ? writeBinary(file) : writeText(file);
+    int error = errno;
+    if (ok && !file.flush()) {
+        ok = false;
+        error = errno;
+    }
+    if (ok && ::fsync(file.handle()) != 0) {
+        ok = false;
+        error = errno;
+    }
+    file.close();
+    if (ok && file.error() == QFileDevice::NoError)
+        return true;
+    const QString reason
+        = error != 0 ? QString::fromLocal8Bit(std::strerror(error)) : file.errorString();
+    m_errorString = tr("Cannot save \"%1\": %2. The file on disk was left as it was.")
+                        .arg(fullPath(), reason);
+    return false;
 }
 
 bool PIMManager::writeText(QIODevice &device)

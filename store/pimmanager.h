@@ -28,7 +28,8 @@ public:
 
     PIMManager(const QString &folder, const QString &fileName, bool templates = false,
                bool headerOnly = false, PIMManager *relatedManager = nullptr);
-    // Saves first.
+    // Saves first. By then a subclass's overrides are gone, so a subclass that adds to the
+    // file (header items, its own record class) must call save() in its own destructor.
     ~PIMManager() override;
 
     QString fullPath() const;
@@ -137,8 +138,11 @@ protected:
 private:
     void clearRecords();
     void readText(QIODevice &device);
-    void readTextHeader(QTextStream &stream);
+    bool readTextHeader(QTextStream &stream);
     void readBinary(QIODevice &device);
+    qint64 prepareRecords(qint64 bytesLeft, qint64 minRecordBytes);
+    void checkRecordCount();
+    bool writePending(const QString &pending);
     bool writeText(QIODevice &device);
     bool writeBinary(QIODevice &device);
     int storedTotal() const;

@@ -51,9 +51,9 @@ public:
     QStringList unknownKeys;
 };
 
-// A manager whose records sort by their properties "k0", "k1", ... (one key per column
-// up to the column number), whose filter hides records with the property "hidden", and
-// which adds one string of its own to the binary header. It counts the hooks it sees.
+// A manager whose records sort by their properties "k0" (column 0) or "k0" and "k1", whose filter
+// hides records with the property "hidden", and which adds one string of its own to the binary
+// header. It counts the hooks it sees.
 class KeyedManager : public PIMManager
 {
 public:
@@ -99,7 +99,8 @@ protected:
     void makeSortKeys(PIMRecord *record) override
     {
         QStringList keys;
-        for (int i = 0; i <= sortColumn(); ++i)
+        // A damaged file may name any column; two keys are all there are.
+        for (int i = 0; i <= qMin(sortColumn(), 1); ++i)
             keys.append(record->property(QStringLiteral("k%1").arg(i)));
         record->setSortKeys(keys);
     }
