@@ -1,7 +1,10 @@
-#include <QApplication>
+#include "app/mrlapplication.h"
+#include "app/mrldb.h"
 
 int main(int argc, char **argv)
 {
-    QApplication app(argc, argv);
-    return 0;
+    MRLApplication app(argc, argv, QStringLiteral("norvika"));
+    MRLDB window;
+    app.showMainDocumentWidget(&window, false);
+    return app.exec();
 }
