@@ -4,6 +4,9 @@
 int main(int argc, char **argv)
 {
     MRLApplication app(argc, argv, QStringLiteral("norvika"));
+    // A second start hands its document to the program already running, and ends.
+    if (app.forwardToRunningInstance())
+        return 0;
     MRLDB window;
     app.showMainDocumentWidget(&window, false);
     return app.exec();

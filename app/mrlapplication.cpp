@@ -47,7 +47,7 @@ MRLApplication::MRLApplication(int &argc, char **argv, const QString &name)
     if (mrl.readNumEntry(QStringLiteral("id"), -1) != -1 && isLowResolution())
         loadStyleLibrary();
 
-    auto *system = new QCopChannel(QStringLiteral("QPE/System"), this);
+    auto *system = new QCopChannel(QByteArrayLiteral("QPE/System"), this);
     connect(system, &QCopChannel::received, this, &MRLApplication::mrlAppReceive);
 
     connect(this, &QPEApplication::clockChanged, this, &MRLApplication::updateDateTimeFormats);
