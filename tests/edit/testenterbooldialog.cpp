@@ -1,0 +1,65 @@
+#include "edit/enterbooldialog.h"
+
+#include "support/whenshown.h"
+
+#include <QPushButton>
+#include <QRadioButton>
+#include <QtTest>
+
+// The yes-or-no entry: the choice when accepted, the value it came with otherwise.
+class TestEnterBoolDialog : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void result_data();
+    void result();
+    void fixedToItsSize();
+};
+
+void TestEnterBoolDialog::result_data()
+{
+    QTest::addColumn<bool>("value");
+    QTest::addColumn<QString>("radio");
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<bool>("result");
+
+    QTest::newRow("check, ok") << false << "checked" << "btnOk" << true;
+    QTest::newRow("uncheck, ok") << true << "unchecked" << "btnOk" << false;
+    QTest::newRow("unchanged, ok") << true << "" << "btnOk" << true;
+    QTest::newRow("check, cancel") << false << "checked" << "btnCancel" << false;
+    QTest::newRow("uncheck, cancel") << true << "unchecked" << "btnCancel" << true;
+}
+
+void TestEnterBoolDialog::result()
+{
+    QFETCH(bool, value);
+    QFETCH(QString, radio);
+    QFETCH(QString, button);
+    QFETCH(bool, result);
+
+    EnterBoolDialog dialog(QStringLiteral("Paid"));
+    bool shownChecked = !value;
+    whenShown<EnterBoolDialog>([&](EnterBoolDialog *shown) {
+        shownChecked = shown->findChild<QRadioButton *>(QStringLiteral("checked"))->isChecked();
+        if (!radio.isEmpty())
+            shown->findChild<QRadioButton *>(radio)->click();
+        shown->findChild<QPushButton *>(button)->click();
+    });
+    QCOMPARE(dialog.exec(value), result);
+    QCOMPARE(shownChecked, value);
+    QCOMPARE(dialog.windowTitle(), QStringLiteral("Paid"));
+}
+
+void TestEnterBoolDialog::fixedToItsSize()
+{
+    EnterBoolDialog dialog(QStringLiteral("Paid"));
+    QCOMPARE(dialog.minimumSize(), dialog.maximumSize());
+    QCOMPARE(dialog.findChild<QRadioButton *>(QStringLiteral("checked"))->text(),
+        QStringLiteral("Checked"));
+    QCOMPARE(dialog.findChild<QRadioButton *>(QStringLiteral("unchecked"))->text(),
+        QStringLiteral("Unchecked"));
+}
+
+QTEST_MAIN(TestEnterBoolDialog)
+#include "testenterbooldialog.moc"
