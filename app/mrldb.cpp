@@ -2,8 +2,20 @@
 
 #include "app/mrlapplication.h"
 #include "app/resourceicons.h"
+#include "card/datamanager.h"
+#include "card/datarecord.h"
+#include "edit/countenterpopup.h"
+#include "edit/customlistdialog.h"
+#include "edit/dataeditor.h"
+#include "edit/popupchoosers.h"
+#include "exchange/imageview.h"
+#include "lib/qt/enterstringdialog.h"
+#include "lib/qt/mlcalculatordialog.h"
+#include "lib/qt/mlyesnodialog.h"
 #include "lib/qt/mrlaction.h"
 #include "platform/config.h"
+#include "reminders/reminder.h"
+#include "views/listview.h"
 
 #include <QMenu>
 #include <QPlainTextEdit>
@@ -54,6 +66,7 @@ MRLDB::MRLDB(QWidget *parent)
     createActions();
     createToolBar();
     createPanes();
+    connectRecordCommands();
     selectionCleared();
     // The size of a window that is not maximized: room for a list of several columns.
     resize(640, 480);
@@ -62,6 +75,10 @@ MRLDB::MRLDB(QWidget *parent)
 MRLDB::~MRLDB()
 {
     writeOptions();
+    // The list lets go of the card before its manager goes, and reports nothing more.
+    recordList->disconnect(this);
+    recordList->unsetManager();
+    delete manager;
 }
 
 void MRLDB::createActions()
@@ -148,6 +165,8 @@ void MRLDB::createPanes()
     memoEdit->setFixedHeight(
         4 * memoEdit->fontMetrics().lineSpacing() + 2 * memoEdit->frameWidth() + 2 * margin);
     memoEdit->hide();
+    connect(memoEdit, &QPlainTextEdit::textChanged, this, &MRLDB::memoChanged);
+    createRecordList();
 
     auto *layout = new QVBoxLayout(central);
     layout->setContentsMargins(3, 3, 3, 3);
@@ -194,8 +213,15 @@ void MRLDB::selected(PIMRecord *record)
     if (!record)
         return;
     setRecordActionsEnabled(true);
-    if (!memoEdit->isHidden())
+    if (!memoEdit->isHidden()) {
+        const QString memo = static_cast<DataRecord *>(record)->memo();
+        // A save from the pane itself comes back here: the text is already in place.
+        if (memoEdit->toPlainText() != memo) {
+            const QSignalBlocker blocker(memoEdit);
+            memoEdit->setPlainText(memo);
+        }
         memoEdit->setEnabled(true);
+    }
 }
 
 void MRLDB::selectionCleared()
@@ -248,4 +274,365 @@ void MRLDB::writeOptions()
     config.setGroup(QStringLiteral("Options"));
     config.writeEntry(QStringLiteral("memo"), !memoEdit->isHidden());
     config.writeEntry(QStringLiteral("zoom"), listPlace->font().pointSize());
+}
+
+// ---- Records of the open card --------------------------------------------------------
+
+void MRLDB::createRecordList()
+{
+    recordList = new ListView(listPlace);
+    recordList->setPaged(true);
+    listPlace->layout()->addWidget(recordList);
+    connect(recordList, qOverload<PIMRecord *>(&PIMListView::activate), this,
+        qOverload<PIMRecord *>(&MRLDB::editRecord));
+    connect(recordList, qOverload<const QPoint &, PIMRecord *>(&PIMListView::popup), this,
+        qOverload<const QPoint &, PIMRecord *>(&MRLDB::popup));
+    connect(recordList, qOverload<const QPoint &, PIMRecord *, int>(&PIMListView::activate), this,
+        qOverload<const QPoint &, PIMRecord *, int>(&MRLDB::editRecord));
+    connect(recordList, qOverload<const QPoint &, PIMRecord *, int>(&PIMListView::popup), this,
+        qOverload<const QPoint &, PIMRecord *, int>(&MRLDB::popup));
+    connect(recordList, &PIMListView::selectionCleared, this, &MRLDB::selectionCleared);
+    connect(recordList, &PIMListView::selected, this, &MRLDB::selected);
+    recordList->setFocus();
+}
+
+void MRLDB::connectRecordCommands()
+{
+    connect(action(QStringLiteral("new")), &QAction::triggered, this, &MRLDB::doNew);
+    connect(action(QStringLiteral("edit")), &QAction::triggered, this, &MRLDB::doEdit);
+    connect(action(QStringLiteral("clone")), &QAction::triggered, this, &MRLDB::doClone);
+    connect(action(QStringLiteral("delete")), &QAction::triggered, this, &MRLDB::doDelete);
+    connect(action(QStringLiteral("clear")), &QAction::triggered, this, &MRLDB::doClearCard);
+
+    recordMenu = new QMenu(this);
+    recordMenu->setObjectName(QStringLiteral("recordMenu"));
+    for (const char *name : { "edit", "clone", "delete", "", "new" }) {
+        if (*name)
+            recordMenu->addAction(action(QString::fromLatin1(name)));
+        else
+            recordMenu->addSeparator();
+    }
+}
+
+void MRLDB::showCard(DataManager *card, const QString &title)
+{
+    if (card != manager) {
+        recordList->unsetManager();
+        delete manager;
+        manager = card;
+    }
+    cardTitle = title;
+    QList<int> columns;
+    if (manager->currentView() >= 0 && manager->currentView() < manager->views().size())
+        columns = manager->views().at(manager->currentView()).columns;
+    if (columns.isEmpty()) {
+        for (int i = 0; i < manager->fieldCount(); ++i)
+            columns << i;
+    }
+    recordList->bind(manager, manager->fields(), columns);
+    bool hasMemo = false;
+    for (const FieldDef &field : manager->fieldList())
+        hasMemo = hasMemo || field.type == FieldDef::Memo;
+    action(QStringLiteral("memo"))->setEnabled(hasMemo);
+    if (!hasMemo)
+        memoEdit->hide();
+    action(QStringLiteral("new"))->setEnabled(true);
+    action(QStringLiteral("clear"))->setEnabled(true);
+}
+
+DataRecord *MRLDB::currentRecord() const
+{
+    return static_cast<DataRecord *>(recordList->currentTask());
+}
+
+void MRLDB::runEditor(DataRecord *record, int page)
+{
+    if (!record)
+        return;
+    editing = true;
+    DataEditor editor(static_cast<DataManager *>(record->manager()), this);
+    editor.run(record, page);
+    editing = false;
+}
+
+void MRLDB::doNew()
+{
+    if (manager)
+        runEditor(manager->newRecord(), DataEditor::RecordPage);
+}
+
+void MRLDB::doEdit()
+{
+    editRecord(currentRecord());
+}
+
+void MRLDB::editRecord(PIMRecord *record)
+{
+    runEditor(static_cast<DataRecord *>(record), DataEditor::RecordPage);
+}
+
+void MRLDB::editTask(DataRecord *record)
+{
+    runEditor(record, DataEditor::RecordPage);
+}
+
+// The copy goes into the card only if the editor accepts it.
+void MRLDB::doClone()
+{
+    const DataRecord *source = currentRecord();
+    if (!source)
+        return;
+    auto *copy = new DataRecord(*source);
+    copy->newUid();
+    const QDateTime now = QDateTime::currentDateTime();
+    copy->setCreated(now);
+    copy->setUpdated(now);
+    runEditor(copy, DataEditor::RecordPage);
+}
+
+void MRLDB::doDelete()
+{
+    DataRecord *record = currentRecord();
+    if (record
+        && MLYesNoDialog::ask(
+            tr("Remove Record"), tr("Are you sure you want to delete\nCurrent Record ?")))
+        manager->remove(record);
+}
+
+void MRLDB::doClearCard()
+{
+    if (manager
+        && MLYesNoDialog::ask(
+            tr("Clear Card"), tr("Are you sure you want to clear\nCard [%1] ?").arg(cardTitle)))
+        manager->removeAll();
+}
+
+// Every keystroke is one update of the card: the change counter of the manager makes the
+// save, so the pane needs none of its own.
+void MRLDB::memoChanged()
+{
+    DataRecord *record = currentRecord();
+    if (!record)
+        return;
+    auto *old = new DataRecord(*record);
+    record->setMemo(memoEdit->toPlainText());
+    memoEdit->setUpdatesEnabled(false);
+    record->save(old);
+    memoEdit->setUpdatesEnabled(true);
+}
+
+bool MRLDB::isEditableInPlace(const DataRecord *record, int field) const
+{
+    const FieldDef def = manager->field(field);
+    // A calculated field takes a typed value only as the seed of a running formula: on the
+    // first record, for a formula that reads the previous record.
+    if (def.isCalculated())
+        return record->isFirst() && def.formula.contains(QStringLiteral("!]"));
+    return true;
+}
+
+void MRLDB::editRecord(const QPoint &point, PIMRecord *pimRecord, int field)
+{
+    auto *record = static_cast<DataRecord *>(pimRecord);
+    if (!manager || !record || field < 0 || field >= manager->fieldCount()
+        || !isEditableInPlace(record, field))
+        return;
+    const int type = manager->field(field).type;
+    if (type == FieldDef::Reminder && !record->hasReminder()) {
+        popup(point, record, field);
+        return;
+    }
+    if (type == FieldDef::Image) {
+        if (!showImage(record))
+            popup(point, record);
+        return;
+    }
+    auto *old = new DataRecord(*record);
+    if (editValue(point, record, field))
+        record->save(old);
+    else
+        delete old;
+}
+
+bool MRLDB::editValue(const QPoint &point, DataRecord *record, int field)
+{
+    const FieldDef def = manager->field(field);
+    switch (def.type) {
+    case FieldDef::String: {
+        QString text = record->stringValue(field);
+        if (!EnterStringDialog::getText(def.title, text, this))
+            return false;
+        record->setStringValue(field, text);
+        return true;
+    }
+    case FieldDef::Integer:
+    case FieldDef::Double:
+        return editNumber(record, field);
+    case FieldDef::Date: {
+        QDate date = record->dateValue(field);
+        if (!editDate(this, point, date))
+            return false;
+        record->setDateValue(field, date);
+        return true;
+    }
+    case FieldDef::Time: {
+        QTime time = record->timeValue(field);
+        if (!editTime(this, point, time))
+            return false;
+        record->setTimeValue(field, time);
+        return true;
+    }
+    case FieldDef::DateTime: {
+        QDateTime dateTime = record->dateTimeValue(field);
+        if (!editDateTime(this, point, dateTime))
+            return false;
+        record->setDateTimeValue(field, dateTime);
+        return true;
+    }
+    case FieldDef::Text: {
+        QString text = record->stringValue(field);
+        if (!editText(this, def.title, text))
+            return false;
+        record->setStringValue(field, text);
+        return true;
+    }
+    case FieldDef::Memo: {
+        QString text = record->memo();
+        if (!editText(this, def.title, text))
+            return false;
+        record->setMemo(text);
+        return true;
+    }
+    case FieldDef::Reminder:
+        return editReminder(point, record);
+    case FieldDef::List:
+        return editList(record, field);
+    case FieldDef::Bool:
+        record->setIntValue(field, record->intValue(field) == 0 ? 1 : 0);
+        return true;
+    case FieldDef::Count: {
+        CountEnterPopup counter(this);
+        const int count = counter.exec(point, record->intValue(field), def.title);
+        if (count == -1)
+            return false;
+        record->setIntValue(field, count);
+        return true;
+    }
+    case FieldDef::MultiList:
+        return editMultiList(record, field);
+    default:
+        return false;
+    }
+}
+
+bool MRLDB::editNumber(DataRecord *record, int field)
+{
+    const QString value = manager->field(field).type == FieldDef::Integer
+        ? QString::number(record->intValue(field))
+        : QString::number(record->doubleValue(field), 'g', 6);
+    MLCalculatorDialog calculator(value, this);
+    if (calculator.exec() != QDialog::Accepted)
+        return false;
+    record->setDoubleValue(field, calculator.text().toDouble());
+    return true;
+}
+
+bool MRLDB::editList(DataRecord *record, int field)
+{
+    const QString title = manager->field(field).title;
+    CustomListDialog dialog(manager->fieldItems(field), QStringLiteral("%1|%2").arg(title, title),
+        QStringLiteral("document"), this);
+    const bool accepted = dialog.exec() == QDialog::Accepted;
+    manager->setFieldItems(field, dialog.items());
+    if (!accepted || dialog.currentText().isNull())
+        return false;
+    record->setStringValue(field, dialog.currentText());
+    return true;
+}
+
+bool MRLDB::editMultiList(DataRecord *record, int field)
+{
+    const QString title = manager->field(field).title;
+    const QStringList choices = record->stringValue(field).split(u'\n', Qt::SkipEmptyParts);
+    CustomListDialog dialog(
+        manager->fieldItems(field), QStringLiteral("%1|%2").arg(title, title), choices, this);
+    const bool accepted = dialog.exec() == QDialog::Accepted;
+    manager->setFieldItems(field, dialog.items());
+    if (!accepted)
+        return false;
+    record->setStringValue(field, dialog.choices().join(u'\n'));
+    return true;
+}
+
+bool MRLDB::editReminder(const QPoint &point, DataRecord *record)
+{
+    QDateTime dateTime = record->reminder()->dateTime;
+    bool removed = false;
+    if (!editReminderDateTime(this, point, dateTime, removed))
+        return false;
+    if (removed) {
+        record->setReminder(nullptr);
+    } else {
+        auto *changed = new Reminder(*record->reminder());
+        changed->dateTime = dateTime;
+        record->setReminder(changed);
+    }
+    return true;
+}
+
+bool MRLDB::showImage(DataRecord *record)
+{
+    if (!record->hasImage())
+        return false;
+    ImageView view(record->image(), true, this);
+    view.exec();
+    return true;
+}
+
+void MRLDB::popup(const QPoint &point, PIMRecord *)
+{
+    recordMenu->exec(point);
+}
+
+void MRLDB::popup(const QPoint &point, PIMRecord *pimRecord, int field)
+{
+    auto *record = static_cast<DataRecord *>(pimRecord);
+    if (!manager || !record || field < 0 || field >= manager->fieldCount())
+        return;
+    switch (manager->field(field).type) {
+    case FieldDef::Memo:
+        runEditor(record, DataEditor::MemoPage);
+        break;
+    case FieldDef::Reminder:
+        runEditor(record, DataEditor::ReminderPage);
+        break;
+    case FieldDef::Image:
+        showImage(record);
+        break;
+    case FieldDef::String:
+        popup(point, record);
+        break;
+    default:
+        editRecord(point, record, field);
+        break;
+    }
+}
+
+void MRLDB::freeManager(PIMManager *other)
+{
+    if (other && other != manager)
+        delete other;
+}
+
+void MRLDB::setupView(PIMListView *view, DataRecord *record)
+{
+    auto *card = static_cast<DataManager *>(record->manager());
+    QList<int> columns;
+    for (int i = 0; i < card->fieldCount(); ++i)
+        columns << i;
+    view->setManager(card, false);
+    if (auto *list = qobject_cast<ListView *>(view))
+        list->setFields(card->fields());
+    view->setColumns(columns);
+    view->init();
 }

@@ -4,6 +4,10 @@
 #include "app/mrlmainwindow.h"
 
 class DataManager;
+class DataRecord;
+class ListView;
+class PIMListView;
+class PIMManager;
 class PIMRecord;
 class QMenu;
 class QPlainTextEdit;
@@ -23,6 +27,12 @@ public:
 
     // Where the record list goes; its font is the zoomed list font.
     QWidget *recordListPlace() const { return listPlace; }
+    ListView *recordListView() const { return recordList; }
+
+    // Takes an opened card (the window owns it from now on) with the title of its entry,
+    // binds the record list to it and enables the commands on records.
+    void showCard(DataManager *card, const QString &title);
+    DataManager *card() const { return manager; }
 
 public Q_SLOTS:
     void zoomin() override;
@@ -32,6 +42,24 @@ public Q_SLOTS:
     void editDialogIsFree(bool *free);
     void raiseMainWindow();
     void toggleMemo();
+
+    // Commands on the records of the open card.
+    void doNew();
+    void doEdit();
+    void doClone();
+    void doDelete();
+    void doClearCard();
+    void editRecord(PIMRecord *record);
+    void editTask(DataRecord *record);
+    void memoChanged();
+    // A tap in a cell edits the value in place; a long press offers more.
+    void editRecord(const QPoint &point, PIMRecord *record, int field);
+    void popup(const QPoint &point, PIMRecord *record);
+    void popup(const QPoint &point, PIMRecord *record, int field);
+
+    // Services of the reminder dialog.
+    void freeManager(PIMManager *manager);
+    void setupView(PIMListView *view, DataRecord *record);
 
 protected:
     void showEvent(QShowEvent *event) override;
@@ -49,7 +77,24 @@ private:
     void writeOptions();
     void setRecordActionsEnabled(bool enabled);
 
+    void createRecordList();
+    void connectRecordCommands();
+    // Runs the record editor on record (taken over when not stored) with editing set.
+    void runEditor(DataRecord *record, int page);
+    DataRecord *currentRecord() const;
+    // Edits one value of record in place; true when the record changed and is to be saved.
+    bool editValue(const QPoint &point, DataRecord *record, int field);
+    bool editNumber(DataRecord *record, int field);
+    bool editList(DataRecord *record, int field);
+    bool editMultiList(DataRecord *record, int field);
+    bool editReminder(const QPoint &point, DataRecord *record);
+    bool showImage(DataRecord *record);
+    bool isEditableInPlace(const DataRecord *record, int field) const;
+
     QWidget *listPlace = nullptr;
+    ListView *recordList = nullptr;
+    QMenu *recordMenu = nullptr;
+    QString cardTitle;
     QPlainTextEdit *memoEdit = nullptr;
     DataManager *manager = nullptr;
     QToolButton *filterButton = nullptr;

@@ -1,0 +1,338 @@
+#include "app/mrldb.h"
+
+#include "app/mrldialog.h"
+#include "app/resourceicons.h"
+#include "card/datamanager.h"
+#include "card/datarecord.h"
+#include "edit/dataeditor.h"
+#include "edit/datascrollview.h"
+#include "lib/qt/enterstringdialog.h"
+#include "lib/qt/mlcalculatordialog.h"
+#include "lib/qt/mltabwidget.h"
+#include "lib/qt/mrlaction.h"
+#include "support/testhome.h"
+#include "support/whenshown.h"
+#include "views/listview.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QtTest>
+
+#include <memory>
+
+// The main window's commands on the records of an open card: the record flow through the
+// editor, removal and clearing, the memo pane, editing in place and the services that the
+// reminder dialog asks of the window.
+class TestMRLDBRecords : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void newRecordAccepted();
+    void newRecordCancelled();
+    void editingFlagWhileEditorRuns();
+    void duplicateIsAddedOnlyWhenAccepted_data();
+    void duplicateIsAddedOnlyWhenAccepted();
+    void removeAsks_data();
+    void removeAsks();
+    void clearCardNamesTheCard();
+    void memoPaneSavesEveryKeystroke();
+    void calculatedFieldInPlace_data();
+    void calculatedFieldInPlace();
+    void stringInPlace();
+    void boolFlipsInPlace();
+    void longPressOnMemoOpensItsPage();
+    void freeManagerKeepsTheOpenCard();
+    void setupViewShowsAllFields();
+};
+
+namespace
+{
+FieldDef field(int type, const QString &title, const QString &formula = {})
+{
+    FieldDef f;
+    f.type = type;
+    f.title = title;
+    f.label = title;
+    f.formula = formula;
+    return f;
+}
+
+// A card of the given fields with count records, opened in window.
+DataManager *openCard(MRLDB &window, const TestHome &home, const QList<FieldDef> &fields, int count,
+    const QString &title = QStringLiteral("Test card"))
+{
+    auto *manager = new DataManager(home.file(QStringLiteral("test.card")));
+    manager->setFields(fields, true);
+    for (int i = 0; i < count; ++i) {
+        DataRecord *record = manager->newRecord();
+        record->setStringValue(0, QString::number(i));
+        manager->add(record);
+    }
+    window.showCard(manager, title);
+    return manager;
+}
+
+DataRecord *at(const DataManager *manager, int i)
+{
+    return static_cast<DataRecord *>(manager->records().at(i));
+}
+
+void answer(bool yes, QString *text = nullptr)
+{
+    whenShown<MRLDialog>([yes, text](MRLDialog *box) {
+        if (text)
+            *text = box->findChild<QLabel *>(QStringLiteral("text"))->text();
+        box->findChild<QPushButton *>(yes ? QStringLiteral("button1") : QStringLiteral("button2"))
+            ->click();
+    });
+}
+} // namespace
+
+void TestMRLDBRecords::initTestCase()
+{
+    qApp->setObjectName(QStringLiteral("norvika"));
+    qunsetenv("NORVIKA_SHARE");
+    ResourceIcons::reset();
+}
+
+void TestMRLDBRecords::newRecordAccepted()
+{
+    TestHome home;
+    MRLDB window;
+    DataManager *card = openCard(window, home, { field(FieldDef::String, "Name") }, 1);
+    QVERIFY(window.action("new")->isEnabled());
+    whenShown<DataEditor>([](DataEditor *editor) {
+        static_cast<QLineEdit *>(editor->form()->valueWidget(0))->setText("added");
+        editor->accept();
+    });
+    window.action("new")->trigger();
+    QCOMPARE(card->count(), 2);
+    QCOMPARE(at(card, 1)->stringValue(0), QStringLiteral("added"));
+    QCOMPARE(window.recordListView()->currentTask(), card->records().at(1));
+}
+
+void TestMRLDBRecords::newRecordCancelled()
+{
+    TestHome home;
+    MRLDB window;
+    DataManager *card = openCard(window, home, { field(FieldDef::String, "Name") }, 1);
+    whenShown<DataEditor>([](DataEditor *editor) { editor->reject(); });
+    window.doNew();
+    QCOMPARE(card->count(), 1);
+}
+
+void TestMRLDBRecords::editingFlagWhileEditorRuns()
+{
+    TestHome home;
+    MRLDB window;
+    DataManager *card = openCard(window, home, { field(FieldDef::String, "Name") }, 1);
+    bool freeInside = true;
+    whenShown<DataEditor>([&](DataEditor *editor) {
+        window.editDialogIsFree(&freeInside);
+        editor->reject();
+    });
+    window.editTask(at(card, 0));
+    QVERIFY(!freeInside);
+    bool freeAfter = false;
+    window.editDialogIsFree(&freeAfter);
+    QVERIFY(freeAfter);
+}
+
+void TestMRLDBRecords::duplicateIsAddedOnlyWhenAccepted_data()
+{
+    QTest::addColumn<bool>("accept");
+    QTest::addColumn<int>("count");
+    QTest::newRow("accepted") << true << 2;
+    QTest::newRow("cancelled") << false << 1;
+}
+
+void TestMRLDBRecords::duplicateIsAddedOnlyWhenAccepted()
+{
+    QFETCH(bool, accept);
+    QFETCH(int, count);
+    TestHome home;
+    MRLDB window;
+    DataManager *card = openCard(window, home, { field(FieldDef::String, "Name") }, 1);
+    window.recordListView()->showRecord(at(card, 0));
+    const QString uid = at(card, 0)->uidString();
+    QString copyUid;
+    whenShown<DataEditor>([&](DataEditor *editor) {
+        copyUid = editor->record()->uidString();
+        QCOMPARE(editor->record()->stringValue(0), QStringLiteral("0"));
+        accept ? editor->accept() : editor->reject();
+    });
+    window.action("clone")->trigger();
+    QVERIFY(!copyUid.isEmpty());
+    QVERIFY(copyUid != uid);
+    QCOMPARE(card->count(), count);
+}
+
+void TestMRLDBRecords::removeAsks_data()
+{
+    QTest::addColumn<bool>("yes");
+    QTest::addColumn<int>("count");
+    QTest::newRow("yes") << true << 1;
+    QTest::newRow("no") << false << 2;
+}
+
+void TestMRLDBRecords::removeAsks()
+{
+    QFETCH(bool, yes);
+    QFETCH(int, count);
+    TestHome home;
+    MRLDB window;
+    DataManager *card = openCard(window, home, { field(FieldDef::String, "Name") }, 2);
+    window.recordListView()->showRecord(at(card, 1));
+    answer(yes);
+    window.action("delete")->trigger();
+    QCOMPARE(card->count(), count);
+    QCOMPARE(at(card, 0)->stringValue(0), QStringLiteral("0"));
+}
+
+void TestMRLDBRecords::clearCardNamesTheCard()
+{
+    TestHome home;
+    MRLDB window;
+    DataManager *card
+        = openCard(window, home, { field(FieldDef::String, "Name") }, 3, QStringLiteral("Books"));
+    QString text;
+    answer(true, &text);
+    window.action("clear")->trigger();
+    QCOMPARE(text, QStringLiteral("Are you sure you want to clear\nCard [Books] ?"));
+    QCOMPARE(card->count(), 0);
+}
+
+void TestMRLDBRecords::memoPaneSavesEveryKeystroke()
+{
+    TestHome home;
+    MRLDB window;
+    DataManager *card = openCard(
+        window, home, { field(FieldDef::String, "Name"), field(FieldDef::Memo, "Notes") }, 2);
+    window.toggleMemo();
+    window.recordListView()->showRecord(at(card, 1));
+    auto *memo = window.findChild<QPlainTextEdit *>(QStringLiteral("memo"));
+    QVERIFY(memo->isEnabled());
+    QSignalSpy updates(card, &PIMManager::taskUpdated);
+    QTest::keyClicks(memo, QStringLiteral("abc"));
+    QCOMPARE(updates.count(), 3);
+    QCOMPARE(at(card, 1)->memo(), QStringLiteral("abc"));
+    QCOMPARE(memo->toPlainText(), QStringLiteral("abc"));
+    QVERIFY(at(card, 0)->memo().isEmpty());
+}
+
+void TestMRLDBRecords::calculatedFieldInPlace_data()
+{
+    QTest::addColumn<QString>("formula");
+    QTest::addColumn<int>("record");
+    QTest::addColumn<bool>("edited");
+    QTest::newRow("running formula, first record") << "[1!]+1" << 0 << true;
+    QTest::newRow("running formula, second record") << "[1!]+1" << 1 << false;
+    QTest::newRow("plain formula, first record") << "2*3" << 0 << false;
+    QTest::newRow("no formula, second record") << "" << 1 << true;
+}
+
+void TestMRLDBRecords::calculatedFieldInPlace()
+{
+    QFETCH(QString, formula);
+    QFETCH(int, record);
+    QFETCH(bool, edited);
+    TestHome home;
+    MRLDB window;
+    DataManager *card = openCard(window, home,
+        { field(FieldDef::String, "Name"), field(FieldDef::Double, "Sum", formula) }, 2);
+    bool shown = false;
+    auto watch = std::make_unique<QObject>();
+    whenShown<MLCalculatorDialog>(
+        [&](MLCalculatorDialog *calculator) {
+            shown = true;
+            calculator->reject();
+        },
+        watch.get());
+    window.editRecord(QPoint(10, 10), at(card, record), 1);
+    QCoreApplication::processEvents();
+    QCOMPARE(shown, edited);
+}
+
+void TestMRLDBRecords::stringInPlace()
+{
+    TestHome home;
+    MRLDB window;
+    DataManager *card = openCard(window, home, { field(FieldDef::String, "Name") }, 1);
+    QSignalSpy updates(card, &PIMManager::taskUpdated);
+    QString caption;
+    whenShown<EnterStringDialog>([&](EnterStringDialog *dialog) {
+        caption = dialog->windowTitle();
+        dialog->findChild<QLineEdit *>()->setText("renamed");
+        dialog->accept();
+    });
+    window.editRecord(QPoint(10, 10), at(card, 0), 0);
+    QCOMPARE(caption, QStringLiteral("Name"));
+    QCOMPARE(at(card, 0)->stringValue(0), QStringLiteral("renamed"));
+    QCOMPARE(updates.count(), 1);
+}
+
+void TestMRLDBRecords::boolFlipsInPlace()
+{
+    TestHome home;
+    MRLDB window;
+    DataManager *card = openCard(
+        window, home, { field(FieldDef::String, "Name"), field(FieldDef::Bool, "Done") }, 1);
+    at(card, 0)->setIntValue(1, 7);
+    window.editRecord(QPoint(), at(card, 0), 1);
+    QCOMPARE(at(card, 0)->intValue(1), 0);
+    window.editRecord(QPoint(), at(card, 0), 1);
+    QCOMPARE(at(card, 0)->intValue(1), 1);
+}
+
+void TestMRLDBRecords::longPressOnMemoOpensItsPage()
+{
+    TestHome home;
+    MRLDB window;
+    DataManager *card = openCard(
+        window, home, { field(FieldDef::String, "Name"), field(FieldDef::Memo, "Notes") }, 1);
+    QString page;
+    whenShown<DataEditor>([&](DataEditor *editor) {
+        page = editor->tabs()->tabLabel(editor->tabs()->currentIndex());
+        editor->reject();
+    });
+    window.popup(QPoint(10, 10), at(card, 0), 1);
+    QCOMPARE(page, QStringLiteral("Memo"));
+}
+
+void TestMRLDBRecords::freeManagerKeepsTheOpenCard()
+{
+    TestHome home;
+    MRLDB window;
+    QPointer<DataManager> open = openCard(window, home, { field(FieldDef::String, "Name") }, 1);
+    QPointer<DataManager> other = new DataManager(home.file(QStringLiteral("other.card")));
+    window.freeManager(open);
+    window.freeManager(nullptr);
+    QVERIFY(open);
+    window.freeManager(other);
+    QVERIFY(!other);
+}
+
+void TestMRLDBRecords::setupViewShowsAllFields()
+{
+    TestHome home;
+    MRLDB window;
+    DataManager *card = openCard(window, home,
+        { field(FieldDef::String, "Name"), field(FieldDef::Integer, "Age"),
+            field(FieldDef::Date, "Born") },
+        2);
+    ListView view(nullptr, QStringLiteral("alarm"));
+    window.setupView(&view, at(card, 1));
+    QCOMPARE(view.manager(), card);
+    QVERIFY(!view.isLive());
+    QCOMPARE(view.fieldColumns(), (QList<int> { 0, 1, 2 }));
+}
+
+QTEST_MAIN(TestMRLDBRecords)
+#include "testmrldbrecords.moc"
