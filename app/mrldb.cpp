@@ -200,6 +200,9 @@ void MRLDB::toggleMemo()
     const bool show = memoEdit->isHidden();
     memoEdit->setVisible(show);
     action(QStringLiteral("memo"))->setChecked(show);
+    // The pane shown anew takes the memo of the record already current.
+    if (show && recordList->currentTask())
+        selected(recordList->currentTask());
 }
 
 void MRLDB::setRecordActionsEnabled(bool enabled)

@@ -43,6 +43,7 @@ private Q_SLOTS:
     void removeAsks();
     void clearCardNamesTheCard();
     void memoPaneSavesEveryKeystroke();
+    void memoPaneShownTakesTheCurrentMemo();
     void calculatedFieldInPlace_data();
     void calculatedFieldInPlace();
     void stringInPlace();
@@ -225,6 +226,23 @@ void TestMRLDBRecords::memoPaneSavesEveryKeystroke()
     QCOMPARE(at(card, 1)->memo(), QStringLiteral("abc"));
     QCOMPARE(memo->toPlainText(), QStringLiteral("abc"));
     QVERIFY(at(card, 0)->memo().isEmpty());
+}
+
+void TestMRLDBRecords::memoPaneShownTakesTheCurrentMemo()
+{
+    TestHome home;
+    MRLDB window;
+    DataManager *card = openCard(
+        window, home, { field(FieldDef::String, "Name"), field(FieldDef::Memo, "Notes") }, 1);
+    at(card, 0)->setMemo(QStringLiteral("kept"));
+    window.recordListView()->showRecord(at(card, 0));
+    QSignalSpy updates(card, &PIMManager::taskUpdated);
+    window.toggleMemo();
+    auto *memo = window.findChild<QPlainTextEdit *>(QStringLiteral("memo"));
+    QCOMPARE(memo->toPlainText(), QStringLiteral("kept"));
+    QVERIFY(memo->isEnabled());
+    // Filling the pane is no keystroke: nothing is saved.
+    QCOMPARE(updates.count(), 0);
 }
 
 void TestMRLDBRecords::calculatedFieldInPlace_data()
