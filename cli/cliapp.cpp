@@ -1,6 +1,7 @@
 #include "cli/cliapp.h"
 
 #include "cli/addcommand.h"
+#include "cli/cellscommand.h"
 #include "cli/clicommand.h"
 #include "cli/dumpcommand.h"
 #include "cli/formatcommand.h"
@@ -16,6 +17,7 @@
 CliApp::CliApp()
 {
     m_commands.push_back(std::make_unique<DumpCommand>());
+    m_commands.push_back(std::make_unique<CellsCommand>());
     m_commands.push_back(std::make_unique<FormulaCommand>());
     m_commands.push_back(std::make_unique<FormatCommand>());
     m_commands.push_back(std::make_unique<SetFieldsCommand>());

@@ -297,6 +297,10 @@ bool PIMManager::save()
 {
     if (!m_changed)
         return true;
+    if (m_readOnly) {
+        m_errorString = tr("\"%1\" is open for reading only").arg(fullPath());
+        return false;
+    }
     const QString path = fullPath();
     if (m_damaged && !m_damagedKept && !keepDamagedOriginal())
         return false;

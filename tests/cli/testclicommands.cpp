@@ -1,3 +1,5 @@
+#include "card/datamanager.h"
+#include "card/datarecord.h"
 #include "clirunner.h"
 #include "support/testhome.h"
 
@@ -7,6 +9,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTest>
+#include <QUuid>
 
 // The card commands, run as users run them: the real binary on cards in a test home.
 class TestCliCommands : public QObject
@@ -27,9 +30,14 @@ private Q_SLOTS:
     void setFieldsFollowsOrigins();
     void setFieldsRejectsBadSchemas_data();
     void setFieldsRejectsBadSchemas();
+    void cellsFollowTheOptions_data();
+    void cellsFollowTheOptions();
+    void cellsRejectsBadOptions_data();
+    void cellsRejectsBadOptions();
     void missingCard();
 
 private:
+    static QString fruitCard(const TestHome &home);
     static QJsonObject dump(const TestHome &home, const QString &card);
     static QByteArray fileHash(const QString &path);
 };
@@ -287,6 +295,118 @@ void TestCliCommands::setFieldsRejectsBadSchemas()
     QCOMPARE(result.status, 1);
     QVERIFY(result.err.startsWith("norvika-cli: "));
     QCOMPARE(fileHash(card), before);
+}
+
+// Name, Count, Done, Notes; a filter "Done" and a view "Short" of Count and Name, sorted
+// by Count downwards and filtered by "Done".
+QString TestCliCommands::fruitCard(const TestHome &home)
+{
+    const QString path = home.file("fruit.card");
+    DataManager card(path);
+    QList<FieldDef> fields;
+    const QList<std::pair<QString, int>> schema{
+        {"Name", FieldDef::String}, {"Count", FieldDef::Integer}, {"Done", FieldDef::Bool}, {"Notes", FieldDef::Text}};
+    for (const auto &[title, type] : schema) {
+        FieldDef field;
+        field.title = title;
+        field.type = type;
+        fields << field;
+    }
+    card.setFields(fields, true);
+    const struct { const char *name; int count; bool done; const char *notes; } rows[] = {
+        {"pear", 3, true, "a\tb"}, {"apple", 10, false, "x\ny"}, {"fig\nleaf", 1, true, ""}};
+    for (const auto &row : rows) {
+        DataRecord *record = card.newRecord();
+        record->setStringValue(0, QString::fromLatin1(row.name));
+        record->setIntValue(1, row.count);
+        record->setIntValue(2, row.done);
+        record->setStringValue(3, QString::fromLatin1(row.notes));
+        card.add(record);
+    }
+    FilterDef done;
+    done.title = QStringLiteral("Done");
+    FilterCondition condition;
+    condition.field = 2;
+    condition.number = FilterCondition::Yes;
+    done.conditions << condition;
+    card.setFilters({done});
+    ViewDef shortView;
+    shortView.title = QStringLiteral("Short");
+    shortView.columns = {1, 0};
+    shortView.sort = 1;
+    shortView.ascending = false;
+    shortView.filter = done.uuidString();
+    card.setViews({shortView});
+    card.forceSave();
+    return path;
+}
+
+void TestCliCommands::cellsFollowTheOptions_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<QStringList>("lines");   // the cells of each line, without the UID
+    // A text field shows its first line; tabs and line feeds left in a cell become blanks.
+    const QStringList pear{"pear", "3", "<on>", "a b"}, apple{"apple", "10", "<off>", "x"},
+        fig{"fig leaf", "1", "<on>", ""};
+    auto joined = [](const QList<QStringList> &rows) {
+        QStringList lines;
+        for (const QStringList &row : rows)
+            lines << row.join('\t');
+        return lines;
+    };
+    QTest::newRow("store order, all fields") << QStringList() << joined({pear, apple, fig});
+    QTest::newRow("sort by text") << QStringList{"--sort", "0"} << joined({apple, fig, pear});
+    QTest::newRow("sort by text downwards") << QStringList{"--sort", "0", "--descending"}
+                                            << joined({pear, fig, apple});
+    QTest::newRow("sort by number") << QStringList{"--sort", "1"} << joined({fig, pear, apple});
+    QTest::newRow("filter") << QStringList{"--filter", "0"} << joined({pear, fig});
+    QTest::newRow("view: its columns, sort and filter")
+        << QStringList{"--view", "0"} << QStringList{"3\tpear", "1\tfig leaf"};
+    QTest::newRow("view without its filter") << QStringList{"--view", "0", "--filter", "-1"}
+                                             << QStringList{"10\tapple", "3\tpear", "1\tfig leaf"};
+    QTest::newRow("default view") << QStringList{"--view", "-1"} << joined({pear, apple, fig});
+}
+
+void TestCliCommands::cellsFollowTheOptions()
+{
+    QFETCH(QStringList, options);
+    QFETCH(QStringList, lines);
+    TestHome home;
+    const QString card = fruitCard(home);
+    const QByteArray before = fileHash(card);
+
+    const CliResult result = runCli(home.path(), QStringList{"cells", card} + options);
+    QCOMPARE(result.status, 0);
+    QStringList cells;
+    for (const QByteArray &line : result.out.split('\n')) {
+        if (line.isEmpty())
+            continue;
+        const int tab = line.indexOf('\t');
+        QCOMPARE(QUuid::fromString(QLatin1String(line.left(tab))).isNull(), false);
+        cells << QString::fromUtf8(line.mid(tab + 1));
+    }
+    QCOMPARE(cells, lines);
+    QCOMPARE(fileHash(card), before);   // the options are for this run only
+}
+
+void TestCliCommands::cellsRejectsBadOptions_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::newRow("view past the list") << QStringList{"--view", "1"};
+    QTest::newRow("view below -1") << QStringList{"--view", "-2"};
+    QTest::newRow("filter past the list") << QStringList{"--filter", "1"};
+    QTest::newRow("sort past the fields") << QStringList{"--sort", "4"};
+    QTest::newRow("sort not a number") << QStringList{"--sort", "Name"};
+}
+
+void TestCliCommands::cellsRejectsBadOptions()
+{
+    QFETCH(QStringList, options);
+    TestHome home;
+    const QString card = fruitCard(home);
+    const CliResult result = runCli(home.path(), QStringList{"cells", card} + options);
+    QCOMPARE(result.status, 2);
+    QVERIFY(result.out.isEmpty());
 }
 
 void TestCliCommands::missingCard()
