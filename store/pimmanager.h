@@ -54,6 +54,9 @@ public:
 
     // Records
     virtual PIMRecord *createRecord();
+    // A record to be filled from the binary form; managers whose records are cheap to make
+    // blank say so here, the others get createRecord().
+    virtual PIMRecord *createBlankRecord();
     bool add(PIMRecord *record);
     bool insertLoaded(PIMRecord *record);
     bool update(PIMRecord *old, PIMRecord *record);
