@@ -4,6 +4,7 @@
 #include "sqlitepeer.h"
 
 #include "card/datamanager.h"
+#include "platform/localtimezone.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -16,6 +17,7 @@
 // and against the raw I/O of the card's bytes, and prints one table.
 int main(int argc, char **argv)
 {
+    LocalTimeZone::pin();   // as the programs do
     QCoreApplication app(argc, argv);
     app.setObjectName(QStringLiteral("norvika"));
     QTextStream out(stdout);
