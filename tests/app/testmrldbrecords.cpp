@@ -4,12 +4,16 @@
 #include "app/resourceicons.h"
 #include "card/datamanager.h"
 #include "card/datarecord.h"
+#include "edit/customlistdialog.h"
 #include "edit/dataeditor.h"
 #include "edit/datascrollview.h"
+#include "edit/popupdialog.h"
 #include "lib/qt/enterstringdialog.h"
 #include "lib/qt/mlcalculatordialog.h"
+#include "lib/qt/mldatetimeedit.h"
 #include "lib/qt/mltabwidget.h"
 #include "lib/qt/mrlaction.h"
+#include "reminders/reminder.h"
 #include "support/testhome.h"
 #include "support/whenshown.h"
 #include "views/listview.h"
@@ -48,6 +52,11 @@ private Q_SLOTS:
     void calculatedFieldInPlace();
     void stringInPlace();
     void boolFlipsInPlace();
+    void reminderInPlace_data();
+    void reminderInPlace();
+    void tapOnMissingReminderOpensItsPage();
+    void listInPlace_data();
+    void listInPlace();
     void longPressOnMemoOpensItsPage();
     void freeManagerKeepsTheOpenCard();
     void setupViewShowsAllFields();
@@ -307,6 +316,100 @@ void TestMRLDBRecords::boolFlipsInPlace()
     QCOMPARE(at(card, 0)->intValue(1), 0);
     window.editRecord(QPoint(), at(card, 0), 1);
     QCOMPARE(at(card, 0)->intValue(1), 1);
+}
+
+void TestMRLDBRecords::reminderInPlace_data()
+{
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<bool>("kept");
+    QTest::addColumn<QDateTime>("moment");
+    QTest::addColumn<int>("saves");
+
+    const QDateTime given(QDate(2040, 1, 2), QTime(3, 4));
+    const QDateTime typed(QDate(2041, 5, 6), QTime(7, 8));
+    QTest::newRow("remove reminder") << "button1" << false << QDateTime() << 1;
+    QTest::newRow("set") << "button2" << true << typed << 1;
+    QTest::newRow("dismissed") << "" << true << given << 0;
+}
+
+void TestMRLDBRecords::reminderInPlace()
+{
+    QFETCH(QString, button);
+    QFETCH(bool, kept);
+    QFETCH(QDateTime, moment);
+    QFETCH(int, saves);
+    TestHome home;
+    MRLDB window;
+    DataManager *card = openCard(
+        window, home, { field(FieldDef::String, "Name"), field(FieldDef::Reminder, "Alarm") }, 1);
+    auto *reminder = new Reminder;
+    reminder->dateTime = QDateTime(QDate(2040, 1, 2), QTime(3, 4));
+    reminder->led = true;
+    reminder->type = 5;
+    at(card, 0)->setReminder(reminder);
+    QSignalSpy updates(card, &PIMManager::taskUpdated);
+    whenShown<PopupDialog>([&](PopupDialog *popup) {
+        popup->findChild<MLDateTimeEdit *>()->setDateTime(
+            QDateTime(QDate(2041, 5, 6), QTime(7, 8)));
+        if (button.isEmpty())
+            QTest::keyClick(popup, Qt::Key_Escape);
+        else
+            popup->findChild<QPushButton *>(button)->click();
+    });
+    window.editRecord(QPoint(10, 10), at(card, 0), 1);
+    QCOMPARE(at(card, 0)->hasReminder(), kept);
+    if (kept) {
+        QCOMPARE(at(card, 0)->reminder()->dateTime, moment);
+        QCOMPARE(at(card, 0)->reminder()->type, 5);
+    }
+    QCOMPARE(updates.count(), saves);
+}
+
+void TestMRLDBRecords::tapOnMissingReminderOpensItsPage()
+{
+    TestHome home;
+    MRLDB window;
+    DataManager *card = openCard(
+        window, home, { field(FieldDef::String, "Name"), field(FieldDef::Reminder, "Alarm") }, 1);
+    QString page;
+    whenShown<DataEditor>([&](DataEditor *editor) {
+        page = editor->tabs()->tabLabel(editor->tabs()->currentIndex());
+        editor->reject();
+    });
+    window.editRecord(QPoint(10, 10), at(card, 0), 1);
+    QCOMPARE(page, QStringLiteral("Reminder"));
+}
+
+void TestMRLDBRecords::listInPlace_data()
+{
+    QTest::addColumn<bool>("accept");
+    QTest::addColumn<QString>("value");
+    QTest::newRow("accepted: the current item is taken") << true << "blue";
+    QTest::newRow("cancelled: the value stays") << false << "red";
+}
+
+void TestMRLDBRecords::listInPlace()
+{
+    QFETCH(bool, accept);
+    QFETCH(QString, value);
+    TestHome home;
+    MRLDB window;
+    FieldDef list = field(FieldDef::List, "Colour");
+    list.items = QStringList { "red", "green" };
+    DataManager *card = openCard(window, home, { field(FieldDef::String, "Name"), list }, 1);
+    at(card, 0)->setStringValue(1, "red");
+    QString caption;
+    whenShown<CustomListDialog>([&](CustomListDialog *dialog) {
+        caption = dialog->windowTitle();
+        dialog->doNew();
+        dialog->doUpdate(QStringLiteral("blue"));
+        accept ? dialog->accept() : dialog->reject();
+    });
+    window.editRecord(QPoint(10, 10), at(card, 0), 1);
+    QCOMPARE(caption, QStringLiteral("Edit Colour"));
+    QCOMPARE(at(card, 0)->stringValue(1), value);
+    // The list is the card's, kept however the dialog closed.
+    QCOMPARE(card->fieldItems(1), (QStringList { "red", "green", "blue" }));
 }
 
 void TestMRLDBRecords::longPressOnMemoOpensItsPage()
