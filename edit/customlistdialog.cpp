@@ -23,8 +23,8 @@ CustomListDialog::CustomListDialog(
     updateButtons();
 }
 
-CustomListDialog::CustomListDialog(const QStringList &items, const QString &title,
-    const QStringList &choices, QWidget *parent)
+CustomListDialog::CustomListDialog(
+    const QStringList &items, const QString &title, const QStringList &choices, QWidget *parent)
     : QDialog(parent)
     , ui(std::make_unique<Ui::CustomListBase>())
     , m_choiceForm(true)
@@ -69,7 +69,7 @@ void CustomListDialog::setUp(const QString &title)
 
 QTreeWidgetItem *CustomListDialog::addItem(const QString &itemText, bool ticked)
 {
-    auto *item = new QTreeWidgetItem(ui->list, QStringList{itemText});
+    auto *item = new QTreeWidgetItem(ui->list, QStringList { itemText });
     if (m_choiceForm)
         setTicked(item, ticked);
     else
@@ -197,7 +197,8 @@ void CustomListDialog::updateButtons()
     const int index = item ? ui->list->indexOfTopLevelItem(item) : -1;
     ui->btnUp->setEnabled(item && index > 0);
     ui->btnDown->setEnabled(item && index < ui->list->topLevelItemCount() - 1);
-    for (QWidget *widget : {static_cast<QWidget *>(ui->btnRemove), static_cast<QWidget *>(ui->btnEdit),
-             static_cast<QWidget *>(ui->btnSort), static_cast<QWidget *>(ui->text)})
+    for (QWidget *widget :
+        { static_cast<QWidget *>(ui->btnRemove), static_cast<QWidget *>(ui->btnEdit),
+            static_cast<QWidget *>(ui->btnSort), static_cast<QWidget *>(ui->text) })
         widget->setEnabled(item != nullptr);
 }

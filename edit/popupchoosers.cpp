@@ -41,8 +41,7 @@ QRect windowArea(QWidget *parent)
     return screen ? screen->availableGeometry() : QRect(0, 0, 640, 480);
 }
 
-template <class T>
-bool store(T &value, const T &newValue)
+template <class T> bool store(T &value, const T &newValue)
 {
     const bool changed = !(newValue == value);
     value = newValue;

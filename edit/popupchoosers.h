@@ -21,8 +21,7 @@ bool chooseFromList(QWidget *parent, const QPoint &pos, QString &text, const QSt
 
 // A date and time with "Remove Reminder" and "Set". "Remove Reminder" sets removed (and
 // counts as a change) and leaves dateTime alone.
-bool editReminderDateTime(
-    QWidget *parent, const QPoint &pos, QDateTime &dateTime, bool &removed);
+bool editReminderDateTime(QWidget *parent, const QPoint &pos, QDateTime &dateTime, bool &removed);
 
 // A date with its calendar, on date if valid and today otherwise: "Set" takes it, "Today"
 // gives the current date, "None" an invalid date.

@@ -23,7 +23,8 @@ constexpr int holdMilliseconds = 500;
 
 ImageEditorWidget::ImageEditorWidget(QWidget *parent)
     : QStackedWidget(parent)
-    , m_button(new QPushButton(loadIconSet(QStringLiteral("image")), tr("Setup Image") + QStringLiteral(" ...")))
+    , m_button(new QPushButton(
+          loadIconSet(QStringLiteral("image")), tr("Setup Image") + QStringLiteral(" ...")))
     , m_scroll(new QScrollArea)
     , m_label(new QLabel)
     , m_holdTimer(new QTimer(this))

@@ -160,6 +160,7 @@ void ImageSetup::saveChanges()
     if (answer != 1)
         return;
     const QByteArray format = QImageReader::imageFormat(m_path);
-    if (m_current.isNull() || !m_current.save(m_path, format.isEmpty() ? nullptr : format.constData()))
+    if (m_current.isNull()
+        || !m_current.save(m_path, format.isEmpty() ? nullptr : format.constData()))
         MRLDialog::warning(tr("Save Image"), tr("The image could not be saved to\n%1").arg(m_path));
 }

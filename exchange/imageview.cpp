@@ -60,8 +60,8 @@ QSize ImageView::fittedSize(const QSize &picture, const QSize &room)
         return picture;
     if (room.width() <= 0 || room.height() <= 0)
         return QSize(0, 0);
-    const double ratio = qMax(double(picture.width()) / room.width(),
-        double(picture.height()) / room.height());
+    const double ratio
+        = qMax(double(picture.width()) / room.width(), double(picture.height()) / room.height());
     return QSize(int(picture.width() / ratio), int(picture.height() / ratio));
 }
 

@@ -27,8 +27,8 @@ QString pixmapFilter()
     QString filter = tr("All Pixmaps") + QStringLiteral(" (") + patterns.join(QLatin1Char(' '))
         + QStringLiteral(");;");
     for (qsizetype i = 0; i < formats.size(); ++i) {
-        filter += tr("%1-Pixmaps (%2)").arg(QString::fromLatin1(formats.at(i)).toUpper(),
-                      patterns.at(i))
+        filter += tr("%1-Pixmaps (%2)")
+                      .arg(QString::fromLatin1(formats.at(i)).toUpper(), patterns.at(i))
             + QStringLiteral(";;");
     }
     filter += tr("All Files") + QStringLiteral(" (*)");

@@ -19,7 +19,8 @@ EnterStringDialog::EnterStringDialog(const QString &caption, const QString &text
     auto *ok = new QPushButton(loadIconSet(QStringLiteral("button_ok")), tr("Ok"), this);
     ok->setObjectName(QStringLiteral("btnOk"));
     ok->setDefault(true);
-    auto *cancel = new QPushButton(loadIconSet(QStringLiteral("button_cancel")), tr("Cancel"), this);
+    auto *cancel
+        = new QPushButton(loadIconSet(QStringLiteral("button_cancel")), tr("Cancel"), this);
     cancel->setObjectName(QStringLiteral("btnCancel"));
     cancel->setAutoDefault(false);
     connect(ok, &QPushButton::clicked, this, &QDialog::accept);

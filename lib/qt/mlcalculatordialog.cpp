@@ -20,10 +20,22 @@ struct KeyCap {
 
 // Four rows of four, as on a desk calculator, then clear and take-back.
 constexpr KeyCap keyCaps[] = {
-    {"7", '7', "btn7"}, {"8", '8', "btn8"}, {"9", '9', "btn9"}, {"\u00f7", '/', "btnDiv"},
-    {"4", '4', "btn4"}, {"5", '5', "btn5"}, {"6", '6', "btn6"}, {"\u00d7", '*', "btnMul"},
-    {"1", '1', "btn1"}, {"2", '2', "btn2"}, {"3", '3', "btn3"}, {"\u2212", '-', "btnSub"},
-    {"0", '0', "btn0"}, {".", '.', "btnPoint"}, {"=", '=', "btnEquals"}, {"+", '+', "btnAdd"},
+    { "7", '7', "btn7" },
+    { "8", '8', "btn8" },
+    { "9", '9', "btn9" },
+    { "\u00f7", '/', "btnDiv" },
+    { "4", '4', "btn4" },
+    { "5", '5', "btn5" },
+    { "6", '6', "btn6" },
+    { "\u00d7", '*', "btnMul" },
+    { "1", '1', "btn1" },
+    { "2", '2', "btn2" },
+    { "3", '3', "btn3" },
+    { "\u2212", '-', "btnSub" },
+    { "0", '0', "btn0" },
+    { ".", '.', "btnPoint" },
+    { "=", '=', "btnEquals" },
+    { "+", '+', "btnAdd" },
 };
 constexpr int columns = 4;
 } // namespace
@@ -53,8 +65,8 @@ void MLCalculatorDialog::buildKeys()
     auto *grid = new QGridLayout;
     int index = 0;
     for (const KeyCap &cap : keyCaps) {
-        QPushButton *button = addKey(QString::fromUtf8(cap.label), QLatin1Char(cap.key),
-            QString::fromLatin1(cap.name));
+        QPushButton *button = addKey(
+            QString::fromUtf8(cap.label), QLatin1Char(cap.key), QString::fromLatin1(cap.name));
         grid->addWidget(button, index / columns, index % columns);
         ++index;
     }
@@ -67,9 +79,10 @@ void MLCalculatorDialog::buildKeys()
     auto *buttons = new QHBoxLayout;
     m_ok = new QPushButton(loadIconSet(QStringLiteral("button_ok")), tr("Ok"), this);
     m_ok->setObjectName(QStringLiteral("btnOk"));
-    auto *cancel = new QPushButton(loadIconSet(QStringLiteral("button_cancel")), tr("Cancel"), this);
+    auto *cancel
+        = new QPushButton(loadIconSet(QStringLiteral("button_cancel")), tr("Cancel"), this);
     cancel->setObjectName(QStringLiteral("btnCancel"));
-    for (QPushButton *button : {m_ok, cancel}) {
+    for (QPushButton *button : { m_ok, cancel }) {
         button->setAutoDefault(false);
         buttons->addWidget(button);
     }

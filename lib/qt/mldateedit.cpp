@@ -16,8 +16,8 @@ MLDateEdit::MLDateEdit(QWidget *parent)
     applySettings();
     QDateEdit::setDate(emptyDate());
     calendarWidget()->window()->installEventFilter(this);
-    connect(DateTimeSettings::instance(), &DateTimeSettings::changed, this,
-        &MLDateEdit::applySettings);
+    connect(
+        DateTimeSettings::instance(), &DateTimeSettings::changed, this, &MLDateEdit::applySettings);
 }
 
 QDate MLDateEdit::emptyDate()

@@ -6,8 +6,8 @@ MLTimeEdit::MLTimeEdit(QWidget *parent)
     : QTimeEdit(parent)
 {
     applySettings();
-    connect(DateTimeSettings::instance(), &DateTimeSettings::changed, this,
-        &MLTimeEdit::applySettings);
+    connect(
+        DateTimeSettings::instance(), &DateTimeSettings::changed, this, &MLTimeEdit::applySettings);
 }
 
 QString MLTimeEdit::systemDisplayFormat()

@@ -71,9 +71,15 @@ void TestCustomListDialog::captions_data()
     QTest::addColumn<QString>("caption");
     QTest::addColumn<QString>("label");
 
-    QTest::newRow("both parts") << "Colour|Colours" << "Edit Colour" << "Colours: ";
-    QTest::newRow("field title twice") << "Town|Town" << "Edit Town" << "Town: ";
-    QTest::newRow("no bar") << "Town" << "Edit Town" << "Town: ";
+    QTest::newRow("both parts") << "Colour|Colours"
+                                << "Edit Colour"
+                                << "Colours: ";
+    QTest::newRow("field title twice") << "Town|Town"
+                                       << "Edit Town"
+                                       << "Town: ";
+    QTest::newRow("no bar") << "Town"
+                            << "Edit Town"
+                            << "Town: ";
 }
 
 void TestCustomListDialog::captions()
@@ -85,10 +91,10 @@ void TestCustomListDialog::captions()
     CustomListDialog dialog(QStringList(), title, QStringLiteral("document"));
     QCOMPARE(dialog.windowTitle(), caption);
     QCOMPARE(dialog.findChild<QLabel *>(QStringLiteral("caption"))->text(), label);
-    QCOMPARE(dialog.findChild<QPushButton *>(QStringLiteral("btnSort"))->text(),
-        QStringLiteral("Sort"));
-    QCOMPARE(dialog.findChild<QLabel *>(QStringLiteral("textLabel"))->text(),
-        QStringLiteral("Text:"));
+    QCOMPARE(
+        dialog.findChild<QPushButton *>(QStringLiteral("btnSort"))->text(), QStringLiteral("Sort"));
+    QCOMPARE(
+        dialog.findChild<QLabel *>(QStringLiteral("textLabel"))->text(), QStringLiteral("Text:"));
 }
 
 void TestCustomListDialog::enabling_data()
@@ -111,9 +117,8 @@ void TestCustomListDialog::enabling()
     QFETCH(bool, down);
     QFETCH(bool, others);
 
-    CustomListDialog dialog(
-        {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")}, QStringLiteral("T|T"),
-        QStringLiteral("document"));
+    CustomListDialog dialog({ QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c") },
+        QStringLiteral("T|T"), QStringLiteral("document"));
     setCurrent(dialog, 1);
     setCurrent(dialog, current);
     QCOMPARE(enabled(dialog, "btnUp"), up);
@@ -129,13 +134,14 @@ void TestCustomListDialog::sort_data()
     QTest::addColumn<QStringList>("items");
     QTest::addColumn<QStringList>("sorted");
 
-    QTest::newRow("words") << QStringList{"pear", "banana", "apple"}
-                           << QStringList{"apple", "banana", "pear"};
-    QTest::newRow("capitals first") << QStringList{"apple", "Apple", "banana"}
-                                    << QStringList{"Apple", "apple", "banana"};
-    QTest::newRow("empty item first") << QStringList{"b", "", "a"} << QStringList{"", "a", "b"};
-    QTest::newRow("digits as text") << QStringList{"10", "9", "100"}
-                                    << QStringList{"10", "100", "9"};
+    QTest::newRow("words") << QStringList { "pear", "banana", "apple" }
+                           << QStringList { "apple", "banana", "pear" };
+    QTest::newRow("capitals first")
+        << QStringList { "apple", "Apple", "banana" } << QStringList { "Apple", "apple", "banana" };
+    QTest::newRow("empty item first")
+        << QStringList { "b", "", "a" } << QStringList { "", "a", "b" };
+    QTest::newRow("digits as text")
+        << QStringList { "10", "9", "100" } << QStringList { "10", "100", "9" };
 }
 
 void TestCustomListDialog::sort()
@@ -157,55 +163,56 @@ void TestCustomListDialog::sort()
 
 void TestCustomListDialog::sortKeepsTheOrderOfTies()
 {
-    CustomListDialog dialog({QStringLiteral("b"), QStringLiteral("a"), QStringLiteral("a")},
-        QStringLiteral("T|T"), QStringList{QStringLiteral("a")});
-    QCOMPARE(ticks(dialog), (QStringList{"0", "1", "1"}));
+    CustomListDialog dialog({ QStringLiteral("b"), QStringLiteral("a"), QStringLiteral("a") },
+        QStringLiteral("T|T"), QStringList { QStringLiteral("a") });
+    QCOMPARE(ticks(dialog), (QStringList { "0", "1", "1" }));
     // Untick the second "a", so that the two can be told apart.
     QTreeWidgetItem *second = list(dialog)->topLevelItem(2);
     dialog.show();
     QVERIFY(QTest::qWaitForWindowExposed(&dialog));
     QTest::mouseClick(list(dialog)->viewport(), Qt::LeftButton, {},
         list(dialog)->visualItemRect(second).center());
-    QCOMPARE(ticks(dialog), (QStringList{"0", "1", "0"}));
+    QCOMPARE(ticks(dialog), (QStringList { "0", "1", "0" }));
 
     dialog.sort();
-    QCOMPARE(dialog.items(), (QStringList{"a", "a", "b"}));
-    QCOMPARE(ticks(dialog), (QStringList{"1", "0", "0"}));
-    QCOMPARE(dialog.choices(), QStringList{"a"});
+    QCOMPARE(dialog.items(), (QStringList { "a", "a", "b" }));
+    QCOMPARE(ticks(dialog), (QStringList { "1", "0", "0" }));
+    QCOMPARE(dialog.choices(), QStringList { "a" });
 }
 
 void TestCustomListDialog::newItemStaysEmpty()
 {
-    CustomListDialog dialog({QStringLiteral("a")}, QStringLiteral("T|T"), QStringLiteral("document"));
+    CustomListDialog dialog(
+        { QStringLiteral("a") }, QStringLiteral("T|T"), QStringLiteral("document"));
     dialog.doNew();
-    QCOMPARE(dialog.items(), (QStringList{"a", ""}));
+    QCOMPARE(dialog.items(), (QStringList { "a", "" }));
     QVERIFY(dialog.currentText().isEmpty());
     QVERIFY(enabled(dialog, "btnUp"));
     QVERIFY(!enabled(dialog, "btnDown"));
     dialog.accept();
-    QCOMPARE(dialog.items(), (QStringList{"a", ""}));
+    QCOMPARE(dialog.items(), (QStringList { "a", "" }));
 }
 
 void TestCustomListDialog::newItemOfChoiceFormIsUnticked()
 {
-    CustomListDialog dialog({QStringLiteral("a")}, QStringLiteral("T|T"), QStringList{"a"});
+    CustomListDialog dialog({ QStringLiteral("a") }, QStringLiteral("T|T"), QStringList { "a" });
     dialog.doNew();
-    QCOMPARE(ticks(dialog), (QStringList{"1", "0"}));
-    QCOMPARE(dialog.choices(), QStringList{"a"});
+    QCOMPARE(ticks(dialog), (QStringList { "1", "0" }));
+    QCOMPARE(dialog.choices(), QStringList { "a" });
 }
 
 void TestCustomListDialog::typingChangesTheCurrentItem()
 {
-    CustomListDialog dialog({QStringLiteral("a"), QStringLiteral("b")}, QStringLiteral("T|T"),
+    CustomListDialog dialog({ QStringLiteral("a"), QStringLiteral("b") }, QStringLiteral("T|T"),
         QStringLiteral("document"));
     setCurrent(dialog, 1);
     auto *text = dialog.findChild<QLineEdit *>(QStringLiteral("text"));
     QCOMPARE(text->text(), QStringLiteral("b"));
     QTest::keyClicks(text, QStringLiteral("ee"));
-    QCOMPARE(dialog.items(), (QStringList{"a", "bee"}));
+    QCOMPARE(dialog.items(), (QStringList { "a", "bee" }));
     setCurrent(dialog, 0);
     QCOMPARE(text->text(), QStringLiteral("a"));
-    QCOMPARE(dialog.items(), (QStringList{"a", "bee"}));
+    QCOMPARE(dialog.items(), (QStringList { "a", "bee" }));
 }
 
 void TestCustomListDialog::remove_data()
@@ -215,10 +222,11 @@ void TestCustomListDialog::remove_data()
     QTest::addColumn<QStringList>("left");
     QTest::addColumn<QString>("next");
 
-    QTest::newRow("first") << QStringList{"a", "b", "c"} << 0 << QStringList{"b", "c"} << "b";
-    QTest::newRow("middle") << QStringList{"a", "b", "c"} << 1 << QStringList{"a", "c"} << "c";
-    QTest::newRow("last") << QStringList{"a", "b", "c"} << 2 << QStringList{"a", "b"} << "b";
-    QTest::newRow("only") << QStringList{"a"} << 0 << QStringList() << QString();
+    QTest::newRow("first") << QStringList { "a", "b", "c" } << 0 << QStringList { "b", "c" } << "b";
+    QTest::newRow("middle") << QStringList { "a", "b", "c" } << 1 << QStringList { "a", "c" }
+                            << "c";
+    QTest::newRow("last") << QStringList { "a", "b", "c" } << 2 << QStringList { "a", "b" } << "b";
+    QTest::newRow("only") << QStringList { "a" } << 0 << QStringList() << QString();
 }
 
 void TestCustomListDialog::remove()
@@ -239,33 +247,33 @@ void TestCustomListDialog::remove()
 
 void TestCustomListDialog::upAndDown()
 {
-    CustomListDialog dialog({QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")},
-        QStringLiteral("T|T"), QStringList{QStringLiteral("c")});
+    CustomListDialog dialog({ QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c") },
+        QStringLiteral("T|T"), QStringList { QStringLiteral("c") });
     setCurrent(dialog, 2);
     dialog.doUp();
-    QCOMPARE(dialog.items(), (QStringList{"a", "c", "b"}));
+    QCOMPARE(dialog.items(), (QStringList { "a", "c", "b" }));
     dialog.doUp();
-    QCOMPARE(dialog.items(), (QStringList{"c", "a", "b"}));
+    QCOMPARE(dialog.items(), (QStringList { "c", "a", "b" }));
     QVERIFY(!enabled(dialog, "btnUp"));
     dialog.doUp();
-    QCOMPARE(dialog.items(), (QStringList{"c", "a", "b"}));
+    QCOMPARE(dialog.items(), (QStringList { "c", "a", "b" }));
     dialog.doDown();
-    QCOMPARE(dialog.items(), (QStringList{"a", "c", "b"}));
+    QCOMPARE(dialog.items(), (QStringList { "a", "c", "b" }));
     QCOMPARE(dialog.currentText(), QStringLiteral("c"));
     // The tick travels with its item.
-    QCOMPARE(ticks(dialog), (QStringList{"0", "1", "0"}));
+    QCOMPARE(ticks(dialog), (QStringList { "0", "1", "0" }));
 }
 
 void TestCustomListDialog::clickTogglesTheTick()
 {
-    CustomListDialog dialog({QStringLiteral("a"), QStringLiteral("b")}, QStringLiteral("T|T"),
-        QStringList());
+    CustomListDialog dialog(
+        { QStringLiteral("a"), QStringLiteral("b") }, QStringLiteral("T|T"), QStringList());
     dialog.show();
     QVERIFY(QTest::qWaitForWindowExposed(&dialog));
     QTreeWidget *tree = list(dialog);
     const QPoint onB = tree->visualItemRect(tree->topLevelItem(1)).center();
     QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, onB);
-    QCOMPARE(dialog.choices(), QStringList{"b"});
+    QCOMPARE(dialog.choices(), QStringList { "b" });
     QCOMPARE(dialog.currentText(), QStringLiteral("b"));
     QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, onB);
     QCOMPARE(dialog.choices(), QStringList());
@@ -273,22 +281,24 @@ void TestCustomListDialog::clickTogglesTheTick()
 
 void TestCustomListDialog::choicesStartTicked()
 {
-    CustomListDialog dialog({QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")},
-        QStringLiteral("T|T"), QStringList{QStringLiteral("c"), QStringLiteral("a"), "x"});
-    QCOMPARE(dialog.choices(), (QStringList{"a", "c"}));
-    QCOMPARE(ticks(dialog), (QStringList{"1", "0", "1"}));
+    CustomListDialog dialog({ QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c") },
+        QStringLiteral("T|T"), QStringList { QStringLiteral("c"), QStringLiteral("a"), "x" });
+    QCOMPARE(dialog.choices(), (QStringList { "a", "c" }));
+    QCOMPARE(ticks(dialog), (QStringList { "1", "0", "1" }));
 }
 
 void TestCustomListDialog::cancelStillHandsBackTheItems()
 {
-    CustomListDialog dialog({QStringLiteral("a")}, QStringLiteral("T|T"), QStringLiteral("document"));
+    CustomListDialog dialog(
+        { QStringLiteral("a") }, QStringLiteral("T|T"), QStringLiteral("document"));
     whenShown<CustomListDialog>([](CustomListDialog *shown) {
         shown->findChild<QPushButton *>(QStringLiteral("btnNew"))->click();
-        QTest::keyClicks(shown->findChild<QLineEdit *>(QStringLiteral("text")), QStringLiteral("z"));
+        QTest::keyClicks(
+            shown->findChild<QLineEdit *>(QStringLiteral("text")), QStringLiteral("z"));
         shown->findChild<QPushButton *>(QStringLiteral("btnCancel"))->click();
     });
     QCOMPARE(dialog.exec(), int(QDialog::Rejected));
-    QCOMPARE(dialog.items(), (QStringList{"a", "z"}));
+    QCOMPARE(dialog.items(), (QStringList { "a", "z" }));
     QCOMPARE(dialog.currentText(), QStringLiteral("z"));
 }
 

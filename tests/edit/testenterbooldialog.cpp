@@ -24,11 +24,16 @@ void TestEnterBoolDialog::result_data()
     QTest::addColumn<QString>("button");
     QTest::addColumn<bool>("result");
 
-    QTest::newRow("check, ok") << false << "checked" << "btnOk" << true;
-    QTest::newRow("uncheck, ok") << true << "unchecked" << "btnOk" << false;
-    QTest::newRow("unchanged, ok") << true << "" << "btnOk" << true;
-    QTest::newRow("check, cancel") << false << "checked" << "btnCancel" << false;
-    QTest::newRow("uncheck, cancel") << true << "unchecked" << "btnCancel" << true;
+    QTest::newRow("check, ok") << false << "checked"
+                               << "btnOk" << true;
+    QTest::newRow("uncheck, ok") << true << "unchecked"
+                                 << "btnOk" << false;
+    QTest::newRow("unchanged, ok") << true << ""
+                                   << "btnOk" << true;
+    QTest::newRow("check, cancel") << false << "checked"
+                                   << "btnCancel" << false;
+    QTest::newRow("uncheck, cancel") << true << "unchecked"
+                                     << "btnCancel" << true;
 }
 
 void TestEnterBoolDialog::result()

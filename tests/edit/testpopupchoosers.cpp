@@ -218,7 +218,7 @@ void TestPopupChoosers::editReminderDateTime()
     QCOMPARE(::editReminderDateTime(nullptr, QPoint(10, 10), moment, wasRemoved), changed);
     QCOMPARE(wasRemoved, removed);
     QCOMPARE(moment, result);
-    QCOMPARE(buttons, (QStringList{QStringLiteral("Remove Reminder"), QStringLiteral("Set")}));
+    QCOMPARE(buttons, (QStringList { QStringLiteral("Remove Reminder"), QStringLiteral("Set") }));
 }
 
 void TestPopupChoosers::chooseFromList_data()
@@ -229,14 +229,27 @@ void TestPopupChoosers::chooseFromList_data()
     QTest::addColumn<bool>("changed");
     QTest::addColumn<QString>("result");
 
-    QTest::newRow("click another") << "Bergen" << "click:Oslo" << "Bergen" << true << "Oslo";
-    QTest::newRow("click the same") << "Bergen" << "click:Bergen" << "Bergen" << false << "Bergen";
-    QTest::newRow("return takes the current") << "Bergen" << "return" << "Bergen" << false
-                                              << "Bergen";
-    QTest::newRow("move and return") << "Oslo" << "down,return" << "Oslo" << true << "Bergen";
-    QTest::newRow("cancel") << "Bergen" << "button1" << "Bergen" << false << "Bergen";
-    QTest::newRow("dismissed") << "Bergen" << "escape" << "Bergen" << false << "Bergen";
-    QTest::newRow("text not in the list") << "Narvik" << "click:Oslo" << "" << true << "Oslo";
+    QTest::newRow("click another") << "Bergen"
+                                   << "click:Oslo"
+                                   << "Bergen" << true << "Oslo";
+    QTest::newRow("click the same") << "Bergen"
+                                    << "click:Bergen"
+                                    << "Bergen" << false << "Bergen";
+    QTest::newRow("return takes the current") << "Bergen"
+                                              << "return"
+                                              << "Bergen" << false << "Bergen";
+    QTest::newRow("move and return") << "Oslo"
+                                     << "down,return"
+                                     << "Oslo" << true << "Bergen";
+    QTest::newRow("cancel") << "Bergen"
+                            << "button1"
+                            << "Bergen" << false << "Bergen";
+    QTest::newRow("dismissed") << "Bergen"
+                               << "escape"
+                               << "Bergen" << false << "Bergen";
+    QTest::newRow("text not in the list") << "Narvik"
+                                          << "click:Oslo"
+                                          << "" << true << "Oslo";
 }
 
 void TestPopupChoosers::chooseFromList()
@@ -249,7 +262,7 @@ void TestPopupChoosers::chooseFromList()
 
     TestHome home;
     MRLPIM::saveDataList(QStringLiteral("towns"),
-        {QStringLiteral("Oslo"), QStringLiteral("Bergen"), QStringLiteral("Troms\u00f8")});
+        { QStringLiteral("Oslo"), QStringLiteral("Bergen"), QStringLiteral("Troms\u00f8") });
     QString shownSelected;
     whenShown<PopupDialog>([action, &shownSelected](PopupDialog *popup) {
         auto *list = popup->findChild<QListWidget *>(QStringLiteral("editor"));
@@ -280,9 +293,12 @@ void TestPopupChoosers::editText_data()
     QTest::addColumn<bool>("changed");
     QTest::addColumn<QString>("result");
 
-    QTest::newRow("typed, close") << " more" << "button1" << true << "Some text more";
-    QTest::newRow("untouched, close") << "" << "button1" << false << "Some text";
-    QTest::newRow("typed, escape") << "!" << "escape" << true << "Some text!";
+    QTest::newRow("typed, close") << " more"
+                                  << "button1" << true << "Some text more";
+    QTest::newRow("untouched, close") << ""
+                                      << "button1" << false << "Some text";
+    QTest::newRow("typed, escape") << "!"
+                                   << "escape" << true << "Some text!";
 }
 
 void TestPopupChoosers::editText()

@@ -24,7 +24,8 @@ void TestTextCodecSelector::entriesMatchTheIndexes()
     QCOMPARE(selector.count(), TextCodecSelector::codecs().size() + 1);
     QVERIFY(selector.count() > 10);
     for (int i = 1; i < selector.count(); ++i)
-        QCOMPARE(selector.itemText(i), QString::fromLatin1(TextCodecSelector::codecForIndex(i)->name()));
+        QCOMPARE(
+            selector.itemText(i), QString::fromLatin1(TextCodecSelector::codecForIndex(i)->name()));
     QCOMPARE(selector.codec(), nullptr);
     QCOMPARE(selector.codecName(), QStringLiteral("Plain Text"));
 }

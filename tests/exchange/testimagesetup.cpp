@@ -57,7 +57,9 @@ QString TestImageSetup::makePicture(const TestHome &home, const QString &name, c
 void TestImageSetup::accept(ImageSetup &setup)
 {
     setup.show();
-    setup.findChild<QDialogButtonBox *>(QStringLiteral("okc"))->button(QDialogButtonBox::Ok)->click();
+    setup.findChild<QDialogButtonBox *>(QStringLiteral("okc"))
+        ->button(QDialogButtonBox::Ok)
+        ->click();
 }
 
 void TestImageSetup::listsTheImageDocuments()
@@ -75,7 +77,7 @@ void TestImageSetup::listsTheImageDocuments()
     for (int i = 0; i < images->count(); ++i)
         names << images->item(i)->text();
     names.sort();
-    QCOMPARE(names, (QStringList{QStringLiteral("a.png"), QStringLiteral("b.bmp")}));
+    QCOMPARE(names, (QStringList { QStringLiteral("a.png"), QStringLiteral("b.bmp") }));
     QCOMPARE(images->currentItem()->text(), QStringLiteral("b.bmp"));
     QCOMPARE(setup.path(), second);
     QCOMPARE(setup.current().size(), QSize(40, 20));
@@ -187,8 +189,8 @@ void TestImageSetup::save_data()
 
     QTest::newRow("replace png") << "p.png" << QByteArray("png") << "button1" << QSize(10, 20);
     QTest::newRow("replace bmp") << "p.bmp" << QByteArray("bmp") << "button1" << QSize(10, 20);
-    QTest::newRow("format by content") << "p.dat" << QByteArray("png") << "button1"
-                                       << QSize(10, 20);
+    QTest::newRow("format by content")
+        << "p.dat" << QByteArray("png") << "button1" << QSize(10, 20);
     QTest::newRow("cancel") << "p.png" << QByteArray("png") << "button2" << QSize(40, 20);
 }
 

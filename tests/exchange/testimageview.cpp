@@ -43,10 +43,10 @@ void TestImageView::fittedSize_data()
     QTest::newRow("equal both") << QSize(100, 100) << QSize(100, 100) << QSize(100, 100);
     QTest::newRow("too wide") << QSize(400, 100) << QSize(200, 200) << QSize(200, 50);
     QTest::newRow("too high") << QSize(100, 400) << QSize(200, 200) << QSize(50, 200);
-    QTest::newRow("too big, width decides") << QSize(600, 300) << QSize(200, 150)
-                                            << QSize(200, 100);
-    QTest::newRow("too big, height decides") << QSize(300, 600) << QSize(200, 150)
-                                             << QSize(75, 150);
+    QTest::newRow("too big, width decides")
+        << QSize(600, 300) << QSize(200, 150) << QSize(200, 100);
+    QTest::newRow("too big, height decides")
+        << QSize(300, 600) << QSize(200, 150) << QSize(75, 150);
     QTest::newRow("fraction truncated") << QSize(301, 100) << QSize(100, 100) << QSize(100, 33);
     QTest::newRow("no room") << QSize(10, 10) << QSize(0, 0) << QSize(0, 0);
 }

@@ -35,12 +35,12 @@ void TestMLCalculatorDialog::buttonsWriteTheResultBack()
 {
     QLineEdit edit(QStringLiteral("12"));
     whenShown<MLCalculatorDialog>([](MLCalculatorDialog *dialog) {
-        QCOMPARE(dialog->findChild<QLabel *>(QStringLiteral("display"))->text(),
-            QStringLiteral("12"));
-        for (const char *name : {"btnMul", "btn3", "btnSub", "btn1", "btnEquals"})
+        QCOMPARE(
+            dialog->findChild<QLabel *>(QStringLiteral("display"))->text(), QStringLiteral("12"));
+        for (const char *name : { "btnMul", "btn3", "btnSub", "btn1", "btnEquals" })
             click(dialog, QString::fromLatin1(name));
-        QCOMPARE(dialog->findChild<QLabel *>(QStringLiteral("display"))->text(),
-            QStringLiteral("35"));
+        QCOMPARE(
+            dialog->findChild<QLabel *>(QStringLiteral("display"))->text(), QStringLiteral("35"));
         click(dialog, QStringLiteral("btnOk"));
     });
     QVERIFY(MLCalculatorDialog::calculate(&edit));
@@ -87,11 +87,16 @@ void TestMLCalculatorDialog::keyboard_data()
     QTest::addColumn<QString>("display");
     QTest::addColumn<bool>("accepted");
 
-    QTest::newRow("operand shows") << "7*6" << "6" << false;
-    QTest::newRow("comma is a point") << "1,5" << "1.5" << false;
-    QTest::newRow("return works it out") << "7*6\r" << "42" << false;
-    QTest::newRow("second return takes it") << "7*6\r\r" << "42" << true;
-    QTest::newRow("backspace") << "123\b" << "12" << false;
+    QTest::newRow("operand shows") << "7*6"
+                                   << "6" << false;
+    QTest::newRow("comma is a point") << "1,5"
+                                      << "1.5" << false;
+    QTest::newRow("return works it out") << "7*6\r"
+                                         << "42" << false;
+    QTest::newRow("second return takes it") << "7*6\r\r"
+                                            << "42" << true;
+    QTest::newRow("backspace") << "123\b"
+                               << "12" << false;
 }
 
 void TestMLCalculatorDialog::keyboard()
@@ -100,7 +105,7 @@ void TestMLCalculatorDialog::keyboard()
     QFETCH(QString, display);
     QFETCH(bool, accepted);
 
-    MLCalculatorDialog dialog(QString{});
+    MLCalculatorDialog dialog(QString {});
     dialog.show();
     QVERIFY(QTest::qWaitForWindowExposed(&dialog));
     for (const QChar c : typed) {

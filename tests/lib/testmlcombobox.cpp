@@ -38,7 +38,7 @@ void TestMLComboBox::setCurrentItemText()
     QFETCH(QString, shown);
 
     MLComboBox box(editable);
-    for (const char *colour : {"Red", "Blue", "Green"})
+    for (const char *colour : { "Red", "Blue", "Green" })
         box.addIconItem(QStringLiteral("color"), QString::fromLatin1(colour));
     QCOMPARE(box.setCurrentItemText(text), found);
     QCOMPARE(box.currentIndex(), index);

@@ -92,9 +92,15 @@ void TestMLDateEdit::displayFollowsSettings_data()
     QTest::addColumn<QString>("format");
     QTest::addColumn<QString>("shown");
 
-    QTest::newRow("month day year") << 0412 << "/" << "MM/dd/yyyy" << "03/07/2004";
-    QTest::newRow("day month year") << 0421 << "." << "dd.MM.yyyy" << "07.03.2004";
-    QTest::newRow("year month day") << 0124 << "-" << "yyyy-MM-dd" << "2004-03-07";
+    QTest::newRow("month day year") << 0412 << "/"
+                                    << "MM/dd/yyyy"
+                                    << "03/07/2004";
+    QTest::newRow("day month year") << 0421 << "."
+                                    << "dd.MM.yyyy"
+                                    << "07.03.2004";
+    QTest::newRow("year month day") << 0124 << "-"
+                                    << "yyyy-MM-dd"
+                                    << "2004-03-07";
 }
 
 void TestMLDateEdit::displayFollowsSettings()

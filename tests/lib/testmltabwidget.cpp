@@ -24,8 +24,8 @@ void TestMLTabWidget::fill(MLTabWidget &tabs, QWidget *pages[3])
 {
     QPixmap square(16, 16);
     square.fill(Qt::red);
-    const QStringList labels{QStringLiteral("Record"), QStringLiteral("Memo"),
-        QStringLiteral("Reminder")};
+    const QStringList labels { QStringLiteral("Record"), QStringLiteral("Memo"),
+        QStringLiteral("Reminder") };
     for (int i = 0; i < 3; ++i) {
         pages[i] = new QWidget;
         tabs.addTab(pages[i], QStringLiteral("no-such-picture"), labels.at(i));

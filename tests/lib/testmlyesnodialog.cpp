@@ -41,7 +41,7 @@ void TestMLYesNoDialog::answers()
             box->findChild<QPushButton *>(answer)->click();
     });
     QCOMPARE(MLYesNoDialog::ask(QStringLiteral("Delete"), QStringLiteral("Sure?")), yes);
-    QCOMPARE(buttons, (QStringList{QStringLiteral("Yes"), QStringLiteral("No")}));
+    QCOMPARE(buttons, (QStringList { QStringLiteral("Yes"), QStringLiteral("No") }));
 }
 
 QTEST_MAIN(TestMLYesNoDialog)
