@@ -1,7 +1,6 @@
 #include "storefixtures.h"
 #include "support/testhome.h"
 
-#include <QBuffer>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -17,7 +16,6 @@ private Q_SLOTS:
     void categoriesLine();
     void oddTextBlocks();
     void binaryExactBytes();
-    void binaryRefusesHugePropertyCount();
     void propertyChangeMarksManager();
     void lessThanWalksKeys_data();
     void lessThanWalksKeys();
@@ -206,19 +204,6 @@ void TestPIMRecord::binaryExactBytes()
     QVERIFY(BinaryFormat::ok(stream) && stream.atEnd());
     QCOMPARE(binaryOf(copy), expected);
     QVERIFY(copy.property(QStringLiteral("b")).isNull());
-}
-
-void TestPIMRecord::binaryRefusesHugePropertyCount()
-{
-    PIMRecord record(nullptr);
-    QByteArray bytes = binaryOf(record);
-    bytes.replace(32, 4, QByteArray::fromHex("7fffffff"));
-    QDataStream stream(bytes);
-    BinaryFormat::prepare(stream);
-    PIMRecord copy(nullptr);
-    copy.read(stream);
-    QVERIFY(!BinaryFormat::ok(stream));
-    QVERIFY(copy.properties().isEmpty());
 }
 
 // Property changes mark the manager changed but do not count towards the automatic save.
