@@ -5,7 +5,6 @@
 #include "platform/qcopchannel.h"
 #include "support/testhome.h"
 
-#include <QElapsedTimer>
 #include <QFile>
 #include <QSignalSpy>
 #include <QTest>
