@@ -18,7 +18,6 @@ private Q_SLOTS:
     void allConditionsMustHold();
     void storedBytes_data();
     void storedBytes();
-    void roundTrip();
     void everyTruncationIsRefused();
     void impossibleConditionCount_data();
     void impossibleConditionCount();
@@ -176,30 +175,19 @@ void TestFilterDef::storedBytes()
     QCOMPARE(read.title.isNull(), filter.title.isNull());
 }
 
-void TestFilterDef::roundTrip()
-{
-    FilterDef filter;
-    filter.title = QStringLiteral("Birthdays in März");
-    FilterCondition onDate = fullCondition();
-    onDate.field = 4;
-    onDate.op = FilterCondition::OnOrAfter;
-    filter.conditions = { fullCondition(), condition(-1, FilterCondition::EndsWith, "x"), onDate };
-
-    FilterDef read;
-    QVERIFY(readBytes(bytesOf(filter), read));
-    QCOMPARE(read, filter);
-}
-
+// Every cut of a stored filter is refused; the whole reads back the same.
 void TestFilterDef::everyTruncationIsRefused()
 {
-    const QByteArray whole
-        = bytesOf(withFixedUuid(QStringLiteral("Due"), { fullCondition(), condition(-1, 0, "x") }));
+    const FilterDef filter = withFixedUuid(
+        QStringLiteral("Birthdays in März"), { fullCondition(), condition(-1, 6, "x") });
+    const QByteArray whole = bytesOf(filter);
     for (qsizetype length = 0; length < whole.size(); ++length) {
         FilterDef read;
         QVERIFY2(!readBytes(whole.left(length), read), qPrintable(QString::number(length)));
     }
     FilterDef read;
     QVERIFY(readBytes(whole, read));
+    QCOMPARE(read, filter);
 }
 
 // The count is checked against the bytes left; a device that cannot tell how many are left
