@@ -20,69 +20,57 @@ private Q_SLOTS:
     void smallCardBytes();
     void damagedHeader_data();
     void damagedHeader();
-
     void newRecordDefaults_data();
     void newRecordDefaults();
-    void newRecordTakesCurrentMoments();
     void incrementCounter_data();
     void incrementCounter();
-
     void sortKeys_data();
     void sortKeys();
-    void sortColumnPastFieldsBuildsNoKeys();
     void updateMovesRecordBySortValue();
-
     void retypingByFamily_data();
     void retypingByFamily();
-    void removingFieldDropsFilters();
-    void removingFieldTakesViewColumns();
+    void removingFieldDropsFiltersAndColumns();
     void movingFieldsRenumbersFormulas();
-    void removedReferenceDropsFormula();
     void calculationOrder_data();
     void calculationOrder();
     void previousRecordWalk();
-    void schemaChangeWithoutRecords();
     void memoSurvivesFieldRemoval();
-    void sortColumnFollowsField();
     void failedFormulaGivesZero();
-
     void alarmOnAdding_data();
     void alarmOnAdding();
-    void alarmMovesOnUpdate();
-    void alarmGoesOnRemoval();
-    void recordMovingUpKeepsItsAlarm();
-
+    void alarmFollowsUpdatesAndRemoval();
     void currentViewAppliesSortAndFilter();
     void adHocFilterIsNotStored();
-    void filterPastTheListLetsAllPass();
 };
 
 namespace
 {
 
-FieldDef makeField(int type, const QString &title, const QString &formula = QString())
-{
-    FieldDef field;
-    field.type = type;
-    field.title = title;
-    field.label = title;
-    field.formula = formula;
-    return field;
-}
+using F = FieldDef;
 
-QString cardPath(const TestHome &home, const QString &name = QStringLiteral("test.card"))
+// Fields of the given types titled f0, f1...; a formula per field where one is given.
+QList<FieldDef> fieldsOf(const QList<int> &types, const QStringList &formulas = {})
 {
-    return home.file(name);
+    QList<FieldDef> fields;
+    for (int i = 0; i < types.size(); ++i) {
+        FieldDef field;
+        field.type = types.at(i);
+        field.title = field.label = QStringLiteral("f%1").arg(i);
+        if (i < formulas.size() && !formulas.at(i).isEmpty())
+            field.formula = formulas.at(i);
+        fields.append(field);
+    }
+    return fields;
 }
 
 std::unique_ptr<DataManager> cardWith(const TestHome &home, const QList<FieldDef> &fields)
 {
-    auto manager = std::make_unique<DataManager>(cardPath(home));
+    auto manager = std::make_unique<DataManager>(home.file(QStringLiteral("test.card")));
     manager->setFields(fields, true);
     return manager;
 }
 
-DataRecord *addRecord(DataManager &manager, const QList<double> &numbers)
+DataRecord *addRecord(DataManager &manager, const QList<double> &numbers = {})
 {
     auto *record = static_cast<DataRecord *>(manager.createRecord());
     for (int i = 0; i < numbers.size(); ++i)
@@ -91,9 +79,11 @@ DataRecord *addRecord(DataManager &manager, const QList<double> &numbers)
     return record;
 }
 
-DataRecord *recordAt(const DataManager &manager, int i)
+DataRecord *addText(DataManager &manager, const QString &text)
 {
-    return static_cast<DataRecord *>(manager.records().at(i));
+    DataRecord *record = addRecord(manager);
+    record->setStringValue(0, text);
+    return record;
 }
 
 QByteArray fileBytes(const QString &path)
@@ -102,28 +92,24 @@ QByteArray fileBytes(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-FilterCondition condition(int field, const QString &text)
-{
-    FilterCondition c;
-    c.field = field;
-    c.op = 0;
-    c.text = text;
-    return c;
-}
-
-FilterDef filterOn(const QString &title, const QList<FilterCondition> &conditions)
+FilterDef filterOn(const QString &title, const QList<int> &fields, const QString &text = "x")
 {
     FilterDef filter;
     filter.title = title;
-    filter.conditions = conditions;
+    for (int field : fields) {
+        FilterCondition c;
+        c.field = field;
+        c.op = 0;
+        c.text = text;
+        filter.conditions.append(c);
+    }
     return filter;
 }
 
-ViewDef viewOf(const QString &title, const QList<int> &columns, int sort, bool ascending,
-    const QString &filter = QString())
+ViewDef viewOf(const QList<int> &columns, int sort, bool ascending, const QString &filter = {})
 {
     ViewDef view;
-    view.title = title;
+    view.title = QStringLiteral("v");
     view.columns = columns;
     view.sort = sort;
     view.ascending = ascending;
@@ -131,171 +117,136 @@ ViewDef viewOf(const QString &title, const QList<int> &columns, int sort, bool a
     return view;
 }
 
-const uuid_t fixedUid = { 0x00, 0x11, 0x22, 0x33, 0x44, 0x55, 0x66, 0x77, 0x88, 0x99, 0xaa, 0xbb,
-    0xcc, 0xdd, 0xee, 0xff };
-
-} // namespace
-
-// ---- The card file --------------------------------------------------------------------
-
-static QList<FieldDef> everyTypeFields()
+QList<FieldDef> everyTypeFields()
 {
     QList<FieldDef> fields;
-    for (int type = 0; type < FieldDef::TypeCount; ++type)
-        fields.append(makeField(type, FieldDef::typeName(type) + QStringLiteral(" – ✓")));
-    fields[FieldDef::List].items = { QStringLiteral("ja"), QStringLiteral("nej") };
-    fields[FieldDef::MultiList].items = { QStringLiteral("α"), QStringLiteral("β") };
-    fields[FieldDef::Double].format = QStringLiteral("0.00");
-    fields[FieldDef::Increment].defaultValue = QStringLiteral("1;1");
-    fields[FieldDef::String].width = 120;
+    for (int type = 0; type < F::TypeCount; ++type) {
+        fields.append(fieldsOf({ type }).at(0));
+        fields.last().title = F::typeName(type) + QStringLiteral(" – ✓");
+    }
+    fields[F::List].items = { QStringLiteral("ja"), QStringLiteral("nej") };
+    fields[F::MultiList].items = { QStringLiteral("α"), QStringLiteral("β") };
+    fields[F::Double].format = QStringLiteral("0.00");
+    fields[F::Increment].defaultValue = QStringLiteral("1;1");
+    fields[F::String].width = 120;
     return fields;
 }
 
-static void fillEveryType(DataRecord *record)
+void fillEveryType(DataRecord *record)
 {
-    record->setStringValue(FieldDef::String, QStringLiteral("Ærøskøbing 鍵 🔑"));
-    record->setDoubleValue(FieldDef::Integer, -42);
-    record->setDoubleValue(FieldDef::Double, 3.14159);
-    record->setDateValue(FieldDef::Date, QDate(1969, 7, 20));
-    record->setTimeValue(FieldDef::Time, QTime(13, 14, 15, 16));
-    record->setDateTimeValue(FieldDef::DateTime, QDateTime(QDate(2038, 1, 19), QTime(3, 14, 8)));
-    record->setStringValue(FieldDef::Text, QStringLiteral("line one\nстрока два"));
-    record->setStringValue(FieldDef::List, QStringLiteral("nej"));
-    record->setDoubleValue(FieldDef::Bool, 1);
-    record->setDoubleValue(FieldDef::Count, 7);
-    record->setStringValue(FieldDef::MultiList, QStringLiteral("α\nβ"));
-    record->setDoubleValue(FieldDef::Increment, 99);
+    record->setStringValue(F::String, QStringLiteral("Ærøskøbing 鍵 🔑"));
+    record->setDoubleValue(F::Integer, -42);
+    record->setDoubleValue(F::Double, 3.14159);
+    record->setDateValue(F::Date, QDate(1969, 7, 20));
+    record->setTimeValue(F::Time, QTime(13, 14, 15, 16));
+    record->setDateTimeValue(F::DateTime, QDateTime(QDate(2038, 1, 19), QTime(3, 14, 8)));
+    record->setStringValue(F::Text, QStringLiteral("line one\nстрока два"));
+    record->setStringValue(F::List, QStringLiteral("nej"));
+    record->setDoubleValue(F::Bool, 1);
+    record->setDoubleValue(F::Count, 7);
+    record->setStringValue(F::MultiList, QStringLiteral("α\nβ"));
+    record->setDoubleValue(F::Increment, 99);
     record->setMemo(QStringLiteral("a memo\nwith ünïcödé"));
     record->setImage(QStringLiteral("pictures/cat.png"));
     auto *reminder = new Reminder;
     reminder->dateTime = QDateTime(QDate(2001, 1, 1), QTime(8, 30));
-    reminder->sound = true;
-    reminder->led = true;
+    reminder->sound = reminder->led = true;
     reminder->type = 7;
     record->setReminder(reminder);
     record->setProperty(QStringLiteral("colour"), QStringLiteral("grün"));
     record->setCategories({ QStringLiteral("6f1c2a34-8d0e-4b7a-9e21-3c5d7f901a2b") });
 }
 
-static void compareRecords(const DataRecord *read, const DataRecord *written)
-{
-    QCOMPARE(read->uidString(), written->uidString());
-    QCOMPARE(read->created(), written->created());
-    QCOMPARE(read->updated(), written->updated());
-    QCOMPARE(read->properties(), written->properties());
-    QCOMPARE(read->categories(), written->categories());
-    for (int i = 0; i < FieldDef::TypeCount; ++i) {
-        QCOMPARE(read->stringValue(i), written->stringValue(i));
-        QCOMPARE(read->doubleValue(i), written->doubleValue(i));
-        QCOMPARE(read->dateValue(i), written->dateValue(i));
-        QCOMPARE(read->timeValue(i), written->timeValue(i));
-        QCOMPARE(read->dateTimeValue(i), written->dateTimeValue(i));
-    }
-    QCOMPARE(read->memo(), written->memo());
-    QCOMPARE(read->image(), written->image());
-    QCOMPARE(read->hasReminder(), written->hasReminder());
-    if (read->hasReminder())
-        QCOMPARE(*read->reminder(), *written->reminder());
-}
+} // namespace
 
 void TestDataManager::roundTripKeepsEverything()
 {
     TestHome home;
-    DataManager card(cardPath(home));
-    card.setFields(everyTypeFields(), true);
-    card.setDescription(QStringLiteral("Bücher – книги"));
-    card.setIcon(QStringLiteral("12"));
-    card.setPassword(QStringLiteral("пароль"));
-    card.setProperty(QStringLiteral("custom"), QStringLiteral("värde"));
-    card.setFilters({ filterOn(QStringLiteral("Ærø"), { condition(0, QStringLiteral("Æ")) }),
-        filterOn(QStringLiteral("all"), { condition(-1, QStringLiteral("x")) }) });
-    card.setViews(
-        { viewOf(QStringLiteral("Short"), { 0, 2, 0 }, 2, false, card.filters().at(1).uuidString()),
-            viewOf(QStringLiteral("Plain"), {}, -1, true) });
-    card.setCurrentView(0);
-    QCOMPARE(card.currentFilter(), 1);
+    auto card = cardWith(home, everyTypeFields());
+    card->setDescription(QStringLiteral("Bücher – книги"));
+    card->setIcon(QStringLiteral("12"));
+    card->setPassword(QStringLiteral("пароль"));
+    card->setProperty(QStringLiteral("custom"), QStringLiteral("värde"));
+    card->setFilters({ filterOn(QStringLiteral("Ærø"), { 0 }, QStringLiteral("Æ")),
+        filterOn(QStringLiteral("all"), { -1 }) });
+    card->setViews({ viewOf({ 0, 2, 0 }, 2, false, card->filters().at(1).uuidString()),
+        viewOf({}, -1, true) });
+    card->setCurrentView(0);
+    fillEveryType(addRecord(*card));
+    addRecord(*card); // every slot unset
+    QVERIFY(card->save());
+    const QString path = home.file(QStringLiteral("test.card"));
+    const QByteArray firstSave = fileBytes(path);
 
-    fillEveryType(addRecord(card, {}));
-    addRecord(card, {}); // every slot unset
-    QVERIFY(card.save());
-    const QByteArray firstSave = fileBytes(cardPath(home));
-
-    DataManager read(cardPath(home));
+    DataManager read(path);
     QVERIFY(read.load());
     QVERIFY(!read.loadedDamaged());
-    QCOMPARE(read.fieldList(), card.fieldList());
-    QCOMPARE(read.description(), card.description());
-    QCOMPARE(read.icon(), card.icon());
-    QCOMPARE(read.password(), card.password());
-    QCOMPARE(read.properties(), card.properties());
+    QCOMPARE(read.fieldList(), card->fieldList());
+    QCOMPARE(read.password(), card->password());
+    QCOMPARE(read.properties(), card->properties());
     QCOMPARE(read.sortColumn(), 2);
-    QCOMPARE(read.sortOrder(), false);
     QCOMPARE(read.currentFilter(), 1);
     QCOMPARE(read.currentView(), 0);
-    QCOMPARE(read.filters().size(), 2);
-    for (int i = 0; i < 2; ++i) {
-        QCOMPARE(read.filters().at(i).title, card.filters().at(i).title);
-        QCOMPARE(read.filters().at(i).uuidString(), card.filters().at(i).uuidString());
-        QCOMPARE(read.filters().at(i).conditions.size(), 1);
-        QCOMPARE(
-            read.filters().at(i).conditions.at(0).text, card.filters().at(i).conditions.at(0).text);
-    }
-    QCOMPARE(read.views().size(), 2);
-    QCOMPARE(read.views().at(0).columns, QList<int>({ 0, 2, 0 }));
-    QCOMPARE(read.views().at(0).filter, card.views().at(0).filter);
-    QCOMPARE(read.views().at(1).title, QStringLiteral("Plain"));
+    QCOMPARE(read.filters(), card->filters());
+    QCOMPARE(read.views(), card->views());
     QCOMPARE(read.count(), 2);
-    for (int i = 0; i < 2; ++i)
-        compareRecords(recordAt(read, i), recordAt(card, i));
-
+    // Writing back what was read gives the same bytes, so every part was read whole;
+    // these spot checks catch a part written and read back the same wrong way.
+    const auto *full = static_cast<DataRecord *>(read.records().at(0));
+    const auto *unset = static_cast<DataRecord *>(read.records().at(1));
+    QCOMPARE(full->uidString(), card->records().at(0)->uidString());
+    QCOMPARE(full->stringValue(F::String), QStringLiteral("Ærøskøbing 鍵 🔑"));
+    QCOMPARE(full->timeValue(F::Time), QTime(13, 14, 15, 16));
+    QCOMPARE(full->memo(), QStringLiteral("a memo\nwith ünïcödé"));
+    QCOMPARE(*full->reminder(), *static_cast<DataRecord *>(card->records().at(0))->reminder());
+    QCOMPARE(full->property(QStringLiteral("colour")), QStringLiteral("grün"));
+    for (int i = 0; i < F::TypeCount; ++i) { // the file keeps no "unset": empty values come back
+        QVERIFY(unset->stringValue(i).isNull());
+        QCOMPARE(unset->doubleValue(i), 0.0);
+        QVERIFY(!unset->dateTimeValue(i).isValid() && !unset->timeValue(i).isValid());
+    }
+    QVERIFY(!unset->hasReminder() && unset->memo().isEmpty());
     QVERIFY(read.forceSave());
-    QCOMPARE(fileBytes(cardPath(home)), firstSave);
+    QCOMPARE(fileBytes(path), firstSave);
 }
 
 // The expected bytes are written out by hand, field by field, in the golden file.
-static QByteArray goldenBytes(const QString &name)
-{
-    QFile file(TestHome::dataFile(name));
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
-        return QByteArray();
-    QByteArray hex;
-    while (!file.atEnd()) {
-        QByteArray line = file.readLine();
-        const qsizetype comment = line.indexOf('#');
-        if (comment >= 0)
-            line.truncate(comment);
-        hex += line.simplified().replace(' ', "");
-    }
-    return QByteArray::fromHex(hex);
-}
-
 void TestDataManager::smallCardBytes()
 {
     TestHome home;
     {
-        DataManager card(cardPath(home));
-        QList<FieldDef> fields = { makeField(FieldDef::String, QStringLiteral("Title")),
-            makeField(FieldDef::Integer, QStringLiteral("Year")) };
+        QList<FieldDef> fields = fieldsOf({ F::String, F::Integer });
+        fields[0].title = fields[0].label = QStringLiteral("Title");
+        fields[1].title = fields[1].label = QStringLiteral("Year");
         fields[1].width = 40;
-        card.setFields(fields, true);
-        card.setDescription(QStringLiteral("Books"));
-        card.setIcon(QStringLiteral("12"));
-        card.setPassword(QStringLiteral("A"));
-        card.setViews({ viewOf(QStringLiteral("All"), { 1, 0 }, 1, false) });
-        card.setCurrentView(0);
-        auto *record = static_cast<DataRecord *>(card.createRecord());
-        record->setUid(fixedUid);
+        auto card = cardWith(home, fields);
+        card->setDescription(QStringLiteral("Books"));
+        card->setIcon(QStringLiteral("12"));
+        card->setPassword(QStringLiteral("A"));
+        card->setViews({ viewOf({ 1, 0 }, 1, false) });
+        QList<ViewDef> views = card->views();
+        views[0].title = QStringLiteral("All");
+        card->setViews(views);
+        card->setCurrentView(0);
+        auto *record = static_cast<DataRecord *>(card->createRecord());
+        const uuid_t uid = { 0x00, 0x11, 0x22, 0x33, 0x44, 0x55, 0x66, 0x77, 0x88, 0x99, 0xaa, 0xbb,
+            0xcc, 0xdd, 0xee, 0xff };
+        record->setUid(uid);
         const QDateTime stamp(QDate(2004, 3, 7), QTime(18, 5, 9));
         record->setCreated(stamp);
         record->setUpdated(stamp);
         record->setStringValue(0, QStringLiteral("Dune"));
         record->setDoubleValue(1, 1965.5);
-        card.add(record);
-        QVERIFY(card.save());
+        card->add(record);
+        QVERIFY(card->save());
     }
-    const QByteArray expected = goldenBytes(QStringLiteral("card/smallcard.hex"));
-    QVERIFY(!expected.isEmpty());
-    QCOMPARE(fileBytes(cardPath(home)).toHex(' '), expected.toHex(' '));
+    QFile golden(TestHome::dataFile(QStringLiteral("card/smallcard.hex")));
+    QVERIFY(golden.open(QIODevice::ReadOnly | QIODevice::Text));
+    QByteArray hex;
+    while (!golden.atEnd())
+        hex += golden.readLine().split('#').first().simplified().replace(' ', "");
+    QCOMPARE(fileBytes(home.file(QStringLiteral("test.card"))).toHex(' '),
+        QByteArray::fromHex(hex).toHex(' '));
 }
 
 // A card header whose counts cannot be: nothing past it is trusted.
@@ -336,41 +287,36 @@ void TestDataManager::damagedHeader()
             << qint32(1) << qint32(0);
         out << QStringLiteral("d") << QStringLiteral("i") << QString();
     }
-    content += tail;
-    content += QByteArray(64, '\x01'); // what would be a record
-    QFile file(cardPath(home));
+    content += tail + QByteArray(64, '\x01'); // what would be a record
+    const QString path = home.file(QStringLiteral("test.card"));
+    QFile file(path);
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write(content);
     file.close();
 
-    DataManager card(cardPath(home));
+    DataManager card(path);
     QVERIFY(card.load());
     QVERIFY(card.loadedDamaged());
     QCOMPARE(card.count(), 0);
     card.setDescription(QStringLiteral("kept"));
     QVERIFY(card.save());
-    QCOMPARE(fileBytes(cardPath(home) + QStringLiteral(".damaged")), content);
+    QCOMPARE(fileBytes(path + QStringLiteral(".damaged")), content);
 }
-
-// ---- New records ----------------------------------------------------------------------
 
 void TestDataManager::newRecordDefaults_data()
 {
     QTest::addColumn<int>("type");
     QTest::addColumn<QString>("defaultValue");
-    QTest::addColumn<QVariant>("expected");
-    QTest::newRow("String") << int(FieldDef::String) << "abc" << QVariant("abc");
-    QTest::newRow("Text") << int(FieldDef::Text) << "a\nb" << QVariant("a\nb");
-    QTest::newRow("List") << int(FieldDef::List) << "Oslo" << QVariant("Oslo");
-    QTest::newRow("MultiList") << int(FieldDef::MultiList) << "a;b;;c" << QVariant("a\nb\n\nc");
-    QTest::newRow("Integer cut towards zero") << int(FieldDef::Integer) << "-3.9" << QVariant(-3.0);
-    QTest::newRow("Integer not a number") << int(FieldDef::Integer) << "x" << QVariant(0.0);
-    QTest::newRow("Double") << int(FieldDef::Double) << "2.5" << QVariant(2.5);
-    QTest::newRow("Bool") << int(FieldDef::Bool) << "1" << QVariant(1.0);
-    QTest::newRow("Count") << int(FieldDef::Count) << "7.5" << QVariant(7.0);
-    QTest::newRow("Memo") << int(FieldDef::Memo) << "note" << QVariant("note");
-    QTest::newRow("Image") << int(FieldDef::Image) << "pic.png" << QVariant("pic.png");
-    QTest::newRow("Reminder") << int(FieldDef::Reminder) << "" << QVariant();
+    QTest::addColumn<QVariant>("expected"); // a date means "today or later"
+    QTest::newRow("String") << int(F::String) << "abc" << QVariant("abc");
+    QTest::newRow("MultiList") << int(F::MultiList) << "a;b;;c" << QVariant("a\nb\n\nc");
+    QTest::newRow("Integer cut towards zero") << int(F::Integer) << "-3.9" << QVariant(-3.0);
+    QTest::newRow("Integer not a number") << int(F::Integer) << "x" << QVariant(0.0);
+    QTest::newRow("Count") << int(F::Count) << "7.5" << QVariant(7.0);
+    QTest::newRow("Memo") << int(F::Memo) << "note" << QVariant("note");
+    QTest::newRow("Reminder") << int(F::Reminder) << "" << QVariant();
+    QTest::newRow("Date is today") << int(F::Date) << "" << QVariant(QDate::currentDate());
+    QTest::newRow("DateTime is now") << int(F::DateTime) << "" << QVariant(QDate::currentDate());
 }
 
 void TestDataManager::newRecordDefaults()
@@ -379,42 +325,23 @@ void TestDataManager::newRecordDefaults()
     QFETCH(QString, defaultValue);
     QFETCH(QVariant, expected);
     TestHome home;
-    FieldDef field = makeField(type, QStringLiteral("f"));
-    field.defaultValue = defaultValue;
-    auto card = cardWith(home, { field });
+    QList<FieldDef> fields = fieldsOf({ type });
+    fields[0].defaultValue = defaultValue;
+    auto card = cardWith(home, fields);
     std::unique_ptr<DataRecord> record(card->newRecord());
     QCOMPARE(card->count(), 0);
-    switch (type) {
-    case FieldDef::Memo:
+    if (type == F::Memo)
         QCOMPARE(record->memo(), expected.toString());
-        break;
-    case FieldDef::Image:
-        QCOMPARE(record->image(), expected.toString());
-        break;
-    case FieldDef::Reminder:
+    else if (type == F::Reminder)
         QVERIFY(!record->hasReminder());
-        break;
-    default:
-        if (FieldDef::family(type) == FieldDef::TextFamily)
-            QCOMPARE(record->stringValue(0), expected.toString());
-        else
-            QCOMPARE(record->doubleValue(0), expected.toDouble());
-    }
-}
-
-void TestDataManager::newRecordTakesCurrentMoments()
-{
-    TestHome home;
-    auto card = cardWith(home,
-        { makeField(FieldDef::Date, QStringLiteral("d")),
-            makeField(FieldDef::Time, QStringLiteral("t")),
-            makeField(FieldDef::DateTime, QStringLiteral("dt")) });
-    const QDateTime before = QDateTime::currentDateTime();
-    std::unique_ptr<DataRecord> record(card->newRecord());
-    const QDateTime after = QDateTime::currentDateTime();
-    QVERIFY(record->dateValue(0) >= before.date() && record->dateValue(0) <= after.date());
-    QVERIFY(record->timeValue(1).isValid());
-    QVERIFY(record->dateTimeValue(2) >= before && record->dateTimeValue(2) <= after);
+    else if (type == F::Date)
+        QVERIFY(record->dateValue(0) >= expected.toDate());
+    else if (type == F::DateTime)
+        QVERIFY(record->dateTimeValue(0).date() >= expected.toDate());
+    else if (F::family(type) == F::TextFamily)
+        QCOMPARE(record->stringValue(0), expected.toString());
+    else
+        QCOMPARE(record->doubleValue(0), expected.toDouble());
 }
 
 void TestDataManager::incrementCounter_data()
@@ -435,9 +362,9 @@ void TestDataManager::incrementCounter()
     QFETCH(QList<int>, values);
     QFETCH(QString, after);
     TestHome home;
-    FieldDef field = makeField(FieldDef::Increment, QStringLiteral("No."));
-    field.defaultValue = defaultValue;
-    auto card = cardWith(home, { field });
+    QList<FieldDef> fields = fieldsOf({ F::Increment });
+    fields[0].defaultValue = defaultValue;
+    auto card = cardWith(home, fields);
     QVERIFY(card->save());
     // Every record made moves the counter, whether or not it is kept.
     for (int expected : values) {
@@ -448,62 +375,43 @@ void TestDataManager::incrementCounter()
     QVERIFY(card->isChanged());
 }
 
-// ---- Sorting --------------------------------------------------------------------------
-
 void TestDataManager::sortKeys_data()
 {
     QTest::addColumn<int>("column");
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<QString>("emptyKey"); // of a record with nothing set
-    const QString none;
-    const QString zero = QStringLiteral("00000000");
-    const QString no = QStringLiteral("0");
-    QTest::newRow("String") << int(FieldDef::String) << "Ærøskøbing 鍵 🔑" << none;
-    QTest::newRow("Integer") << int(FieldDef::Integer) << "-0000042" << zero;
-    QTest::newRow("Double") << int(FieldDef::Double) << "000003.14159"
-                            << "000000.00000";
-    QTest::newRow("Date") << int(FieldDef::Date) << "-0003817" << none;
-    QTest::newRow("Time") << int(FieldDef::Time) << "00047655" << none;
-    QTest::newRow("DateTime") << int(FieldDef::DateTime) << "1831950848" << none;
-    QTest::newRow("Text") << int(FieldDef::Text) << "line one\nстрока два" << none;
-    QTest::newRow("Memo") << int(FieldDef::Memo) << "1" << no;
-    QTest::newRow("Reminder") << int(FieldDef::Reminder) << "1" << no;
-    QTest::newRow("List") << int(FieldDef::List) << "nej" << none;
-    QTest::newRow("Bool") << int(FieldDef::Bool) << "00000001" << zero;
-    QTest::newRow("Count") << int(FieldDef::Count) << "00000007" << zero;
-    QTest::newRow("Image") << int(FieldDef::Image) << "1" << no;
-    QTest::newRow("MultiList") << int(FieldDef::MultiList) << "α\nβ" << none;
-    QTest::newRow("Increment") << int(FieldDef::Increment) << "00000099" << zero;
+    QTest::addColumn<QStringList>("key");
+    QTest::addColumn<QStringList>("emptyKey"); // of a record with nothing set
+    const QStringList none { QString() }, zero { "00000000" }, no { "0" };
+    QTest::newRow("String") << int(F::String) << QStringList { "Ærøskøbing 鍵 🔑" } << none;
+    QTest::newRow("Integer") << int(F::Integer) << QStringList { "-0000042" } << zero;
+    QTest::newRow("Double") << int(F::Double) << QStringList { "000003.14159" }
+                            << QStringList { "000000.00000" };
+    QTest::newRow("Date") << int(F::Date) << QStringList { "-0003817" } << none;
+    QTest::newRow("Time") << int(F::Time) << QStringList { "00047655" } << none;
+    QTest::newRow("DateTime") << int(F::DateTime) << QStringList { "1831950848" } << none;
+    QTest::newRow("Memo") << int(F::Memo) << QStringList { "1" } << no;
+    QTest::newRow("Bool") << int(F::Bool) << QStringList { "00000001" } << zero;
+    QTest::newRow("past the fields") << 99 << QStringList() << QStringList();
 }
 
 void TestDataManager::sortKeys()
 {
     QFETCH(int, column);
-    QFETCH(QString, key);
-    QFETCH(QString, emptyKey);
+    QFETCH(QStringList, key);
+    QFETCH(QStringList, emptyKey);
     TestHome home;
     auto card = cardWith(home, everyTypeFields());
-    DataRecord *full = addRecord(*card, {});
+    DataRecord *full = addRecord(*card);
     fillEveryType(full);
-    DataRecord *empty = addRecord(*card, {});
+    DataRecord *empty = addRecord(*card);
     card->sort(column);
-    QCOMPARE(full->sortKeys(), QStringList { key });
-    QCOMPARE(empty->sortKeys(), QStringList { emptyKey });
-}
-
-void TestDataManager::sortColumnPastFieldsBuildsNoKeys()
-{
-    TestHome home;
-    auto card = cardWith(home, { makeField(FieldDef::String, QStringLiteral("s")) });
-    DataRecord *record = addRecord(*card, {});
-    card->sort(3);
-    QVERIFY(record->sortKeys().isEmpty());
+    QCOMPARE(full->sortKeys(), key);
+    QCOMPARE(empty->sortKeys(), emptyKey);
 }
 
 void TestDataManager::updateMovesRecordBySortValue()
 {
     TestHome home;
-    auto card = cardWith(home, { makeField(FieldDef::Integer, QStringLiteral("n")) });
+    auto card = cardWith(home, fieldsOf({ F::Integer }));
     DataRecord *one = addRecord(*card, { 1 });
     DataRecord *two = addRecord(*card, { 2 });
     DataRecord *three = addRecord(*card, { 3 });
@@ -515,22 +423,18 @@ void TestDataManager::updateMovesRecordBySortValue()
     QCOMPARE(card->view(), QList<PIMRecord *>({ two, three, one }));
 }
 
-// ---- Schema changes -------------------------------------------------------------------
-
 void TestDataManager::retypingByFamily_data()
 {
     QTest::addColumn<int>("field");
     QTest::addColumn<int>("newType");
     QTest::addColumn<bool>("kept");
-    QTest::newRow("String to Integer") << 0 << int(FieldDef::Integer) << false;
-    QTest::newRow("String to MultiList") << 0 << int(FieldDef::MultiList) << true;
-    QTest::newRow("Integer to Double") << 1 << int(FieldDef::Double) << true;
-    QTest::newRow("Integer to Bool") << 1 << int(FieldDef::Bool) << true;
-    QTest::newRow("Integer to Count") << 1 << int(FieldDef::Count) << true;
-    QTest::newRow("Integer to Increment") << 1 << int(FieldDef::Increment) << true;
-    QTest::newRow("Integer to Text") << 1 << int(FieldDef::Text) << false;
-    QTest::newRow("Date to DateTime") << 2 << int(FieldDef::DateTime) << false;
-    QTest::newRow("Date to Time") << 2 << int(FieldDef::Time) << false;
+    QTest::newRow("String to Integer") << 0 << int(F::Integer) << false;
+    QTest::newRow("String to MultiList") << 0 << int(F::MultiList) << true;
+    QTest::newRow("Integer to Double") << 1 << int(F::Double) << true;
+    QTest::newRow("Integer to Increment") << 1 << int(F::Increment) << true;
+    QTest::newRow("Integer to Text") << 1 << int(F::Text) << false;
+    QTest::newRow("Date to DateTime") << 2 << int(F::DateTime) << false;
+    QTest::newRow("Date to Time") << 2 << int(F::Time) << false;
 }
 
 void TestDataManager::retypingByFamily()
@@ -539,67 +443,43 @@ void TestDataManager::retypingByFamily()
     QFETCH(int, newType);
     QFETCH(bool, kept);
     TestHome home;
-    auto card = cardWith(home,
-        { makeField(FieldDef::String, QStringLiteral("s")),
-            makeField(FieldDef::Integer, QStringLiteral("n")),
-            makeField(FieldDef::Date, QStringLiteral("d")) });
-    DataRecord *record = addRecord(*card, {});
+    auto card = cardWith(home, fieldsOf({ F::String, F::Integer, F::Date }));
+    DataRecord *record = addRecord(*card);
     record->setStringValue(0, QStringLiteral("text"));
     record->setDoubleValue(1, 12);
     record->setDateValue(2, QDate(2020, 2, 29));
-
     QList<FieldDef> fields = card->fields();
     fields[field].type = newType;
     card->setFields(fields);
 
-    QCOMPARE(record->isSet(field), kept);
-    for (int other = 0; other < 3; ++other) {
-        if (other != field)
-            QVERIFY(record->isSet(other));
-    }
+    for (int other = 0; other < 3; ++other)
+        QCOMPARE(record->isSet(other), other != field || kept);
     if (kept && field == 1)
         QCOMPARE(record->doubleValue(1), 12.0);
     if (kept && field == 0)
         QCOMPARE(record->stringValue(0), QStringLiteral("text"));
 }
 
-void TestDataManager::removingFieldDropsFilters()
+// Filters naming the removed field go; views lose its columns and, if sorted on it, their
+// sort; the card's sort column follows its field.
+void TestDataManager::removingFieldDropsFiltersAndColumns()
 {
     TestHome home;
-    auto card = cardWith(home,
-        { makeField(FieldDef::String, QStringLiteral("a")),
-            makeField(FieldDef::String, QStringLiteral("b")),
-            makeField(FieldDef::String, QStringLiteral("c")) });
-    card->setFilters({ filterOn(QStringLiteral("on b"), { condition(1, QStringLiteral("x")) }),
-        filterOn(QStringLiteral("on c and all"),
-            { condition(2, QStringLiteral("y")), condition(-1, QStringLiteral("z")) }),
-        filterOn(QStringLiteral("on a and b"),
-            { condition(0, QStringLiteral("x")), condition(1, QStringLiteral("x")) }) });
+    auto card = cardWith(home, fieldsOf({ F::String, F::Integer, F::String }));
+    card->setFilters({ filterOn(QStringLiteral("on 1"), { 1 }),
+        filterOn(QStringLiteral("on 2 and all"), { 2, -1 }),
+        filterOn(QStringLiteral("on 0 and 1"), { 0, 1 }) });
+    card->setViews(
+        { viewOf({ 0, 1, 2, 1 }, 1, true), viewOf({ 1 }, 2, false), viewOf({ 2, 0 }, -1, true) });
+    card->sort(2);
     QList<FieldDef> fields = card->fields();
     fields.removeAt(1);
     card->setFields(fields);
 
-    const QList<FilterDef> filters = card->filters();
-    QCOMPARE(filters.size(), 1);
-    QCOMPARE(filters.at(0).title, QStringLiteral("on c and all"));
-    QCOMPARE(filters.at(0).conditions.at(0).field, 1);
-    QCOMPARE(filters.at(0).conditions.at(1).field, -1);
-}
-
-void TestDataManager::removingFieldTakesViewColumns()
-{
-    TestHome home;
-    auto card = cardWith(home,
-        { makeField(FieldDef::String, QStringLiteral("a")),
-            makeField(FieldDef::Integer, QStringLiteral("b")),
-            makeField(FieldDef::String, QStringLiteral("c")) });
-    card->setViews({ viewOf(QStringLiteral("sorted on b"), { 0, 1, 2, 1 }, 1, true),
-        viewOf(QStringLiteral("only b"), { 1 }, 2, false),
-        viewOf(QStringLiteral("unsorted"), { 2, 0 }, -1, true) });
-    QList<FieldDef> fields = card->fields();
-    fields.removeAt(1);
-    card->setFields(fields);
-
+    QCOMPARE(card->filters().size(), 1);
+    QCOMPARE(card->filters().at(0).title, QStringLiteral("on 2 and all"));
+    QCOMPARE(card->filters().at(0).conditions.at(0).field, 1);
+    QCOMPARE(card->filters().at(0).conditions.at(1).field, -1);
     const QList<ViewDef> views = card->views();
     QCOMPARE(views.size(), 3);
     QCOMPARE(views.at(0).columns, QList<int>({ 0, 1 }));
@@ -607,26 +487,26 @@ void TestDataManager::removingFieldTakesViewColumns()
     QCOMPARE(views.at(1).columns, QList<int>());
     QCOMPARE(views.at(1).sort, 1);
     QCOMPARE(views.at(2).columns, QList<int>({ 1, 0 }));
-    QCOMPARE(views.at(2).sort, -1);
+    QCOMPARE(card->sortColumn(), 1);
+    fields = card->fields();
+    fields.removeAt(1);
+    card->setFields(fields);
+    QCOMPARE(card->sortColumn(), -1);
 }
 
 void TestDataManager::movingFieldsRenumbersFormulas()
 {
     TestHome home;
-    auto card = cardWith(home,
-        { makeField(FieldDef::Integer, QStringLiteral("a")),
-            makeField(FieldDef::Integer, QStringLiteral("b")),
-            makeField(FieldDef::Double, QStringLiteral("sum"), QStringLiteral("[F0] + [F1]")) });
-    QList<FieldDef> fields = card->fields();
-    card->setFields(fields); // works out the order of the existing formula
+    auto card = cardWith(
+        home, fieldsOf({ F::Integer, F::Integer, F::Double }, { "", "", "[F0] + [F1]" }));
+    card->setFields(card->fields()); // works out the order of the existing formula
     DataRecord *record = addRecord(*card, { 2, 40 });
     QCOMPARE(record->doubleValue(2), 42.0);
 
-    fields = card->fields();
+    QList<FieldDef> fields = card->fields();
     std::swap(fields[0], fields[2]); // sum, b, a
     // Formulas are written against the numbering the list was handed out with.
-    fields.append(
-        makeField(FieldDef::Double, QStringLiteral("twice"), QStringLiteral("[F0] + [F0]")));
+    fields.append(fieldsOf({ F::Double }, { "[F0] + [F0]" }).at(0));
     card->setFields(fields);
 
     QCOMPARE(card->field(0).formula, QStringLiteral("[F2] + [F1]"));
@@ -636,22 +516,23 @@ void TestDataManager::movingFieldsRenumbersFormulas()
     QCOMPARE(record->doubleValue(0), 42.0);
     QCOMPARE(record->doubleValue(2), 2.0);
     QCOMPARE(record->doubleValue(3), 4.0);
-}
 
-void TestDataManager::removedReferenceDropsFormula()
-{
-    TestHome home;
-    auto card = cardWith(home,
-        { makeField(FieldDef::Integer, QStringLiteral("a")),
-            makeField(FieldDef::Double, QStringLiteral("f"), QStringLiteral("[F0] + 1")) });
-    card->setFields(card->fields());
-    QVERIFY(card->hasProperty(QStringLiteral("fs")));
-    QList<FieldDef> fields = card->fields();
-    fields.removeAt(0);
-    card->setFields(fields);
-    QVERIFY(card->field(0).formula.isNull());
-    QVERIFY(!card->hasProperty(QStringLiteral("fs")));
-    QVERIFY(!card->hasProperty(QStringLiteral("fr")));
+    // A "!" reference is renumbered too, with no record to recalculate.
+    auto empty = cardWith(home, fieldsOf({ F::Integer, F::Integer }, { "", "[F0!] + 1" }));
+    fields = empty->fields();
+    fields.prepend(fieldsOf({ F::String }).at(0));
+    empty->setFields(fields);
+    QCOMPARE(empty->field(2).formula, QStringLiteral("[F1!] + 1"));
+    QCOMPARE(empty->property(QStringLiteral("fs")), QStringLiteral("2"));
+    QCOMPARE(empty->property(QStringLiteral("fr")), QStringLiteral("1"));
+
+    // Removing the field a formula reads drops the formula and the order with it.
+    fields = empty->fields();
+    fields.removeAt(1);
+    empty->setFields(fields);
+    QVERIFY(empty->field(1).formula.isNull());
+    QVERIFY(!empty->hasProperty(QStringLiteral("fs")));
+    QVERIFY(!empty->hasProperty(QStringLiteral("fr")));
 }
 
 void TestDataManager::calculationOrder_data()
@@ -661,8 +542,6 @@ void TestDataManager::calculationOrder_data()
     QTest::addColumn<QString>("usesPrevious");
     QTest::addColumn<QStringList>("bad");
     QTest::newRow("none") << QStringList { "", "" } << QString() << QString() << QStringList();
-    QTest::newRow("later field first") << QStringList { "[F1] + 1", "5", "" } << "1;0"
-                                       << "0" << QStringList();
     QTest::newRow("chain") << QStringList { "[F1] + 1", "[F2] + 1", "[F3] + 1", "" } << "2;1;0"
                            << "0" << QStringList();
     QTest::newRow("two-field cycle")
@@ -687,11 +566,7 @@ void TestDataManager::calculationOrder()
     QFETCH(QString, usesPrevious);
     QFETCH(QStringList, bad);
     TestHome home;
-    QList<FieldDef> fields;
-    for (const QString &formula : formulas)
-        fields.append(makeField(
-            FieldDef::Double, QStringLiteral("f"), formula.isEmpty() ? QString() : formula));
-    auto card = cardWith(home, fields);
+    auto card = cardWith(home, fieldsOf(QList<int>(formulas.size(), F::Double), formulas));
     for (const QString &formula : bad)
         QTest::ignoreMessage(
             QtDebugMsg, qPrintable(QStringLiteral("Bad formula (%1)").arg(formula)));
@@ -705,12 +580,8 @@ void TestDataManager::calculationOrder()
 void TestDataManager::previousRecordWalk()
 {
     TestHome home;
-    auto card = cardWith(home,
-        { makeField(FieldDef::Integer, QStringLiteral("amount")),
-            makeField(
-                FieldDef::Integer, QStringLiteral("total"), QStringLiteral("[F0] + [F1!]")) });
+    auto card = cardWith(home, fieldsOf({ F::Integer, F::Integer }, { "", "[F0] + [F1!]" }));
     card->setFields(card->fields());
-    QCOMPARE(card->property(QStringLiteral("fr")), QStringLiteral("1"));
     DataRecord *first = addRecord(*card, { 1 });
     DataRecord *second = addRecord(*card, { 2 });
     DataRecord *third = addRecord(*card, { 3 });
@@ -739,61 +610,27 @@ void TestDataManager::previousRecordWalk()
     QCOMPARE(third->doubleValue(1), 103.0);
 }
 
-void TestDataManager::schemaChangeWithoutRecords()
-{
-    TestHome home;
-    auto card = cardWith(home,
-        { makeField(FieldDef::Integer, QStringLiteral("a")),
-            makeField(FieldDef::Integer, QStringLiteral("b"), QStringLiteral("[F0!] + 1")) });
-    QList<FieldDef> fields = card->fields();
-    fields.prepend(makeField(FieldDef::String, QStringLiteral("new")));
-    card->setFields(fields);
-    QCOMPARE(card->field(2).formula, QStringLiteral("[F1!] + 1"));
-    QCOMPARE(card->property(QStringLiteral("fs")), QStringLiteral("2"));
-    QCOMPARE(card->property(QStringLiteral("fr")), QStringLiteral("1"));
-}
-
 void TestDataManager::memoSurvivesFieldRemoval()
 {
     TestHome home;
-    auto card = cardWith(home,
-        { makeField(FieldDef::String, QStringLiteral("s")),
-            makeField(FieldDef::Memo, QStringLiteral("memo")) });
-    DataRecord *record = addRecord(*card, {});
+    auto card = cardWith(home, fieldsOf({ F::String, F::Memo }));
+    DataRecord *record = addRecord(*card);
     record->setMemo(QStringLiteral("remember me"));
     QList<FieldDef> fields = card->fields();
     fields.removeAt(1);
     card->setFields(fields);
     QCOMPARE(record->slotCount(), 1);
     fields = card->fields();
-    fields.append(makeField(FieldDef::Memo, QStringLiteral("memo again")));
+    fields.append(fieldsOf({ F::Memo }).at(0));
     card->setFields(fields);
     QCOMPARE(record->memo(), QStringLiteral("remember me"));
     QVERIFY(!record->isSet(1));
 }
 
-void TestDataManager::sortColumnFollowsField()
-{
-    TestHome home;
-    auto card = cardWith(home,
-        { makeField(FieldDef::String, QStringLiteral("a")),
-            makeField(FieldDef::Integer, QStringLiteral("b")) });
-    card->sort(1);
-    QList<FieldDef> fields = card->fields();
-    fields.move(1, 0);
-    card->setFields(fields);
-    QCOMPARE(card->sortColumn(), 0);
-    fields = card->fields();
-    fields.removeAt(0);
-    card->setFields(fields);
-    QCOMPARE(card->sortColumn(), -1);
-}
-
 void TestDataManager::failedFormulaGivesZero()
 {
     TestHome home;
-    auto card = cardWith(
-        home, { makeField(FieldDef::Double, QStringLiteral("bad"), QStringLiteral("bar(1)")) });
+    auto card = cardWith(home, fieldsOf({ F::Double }, { "bar(1)" }));
     card->setFields(card->fields());
     auto *record = static_cast<DataRecord *>(card->createRecord());
     record->setDoubleValue(0, 9);
@@ -802,8 +639,6 @@ void TestDataManager::failedFormulaGivesZero()
     QVERIFY(record->isSet(0));
     QCOMPARE(record->doubleValue(0), 0.0);
 }
-
-// ---- Alarms ---------------------------------------------------------------------------
 
 static DataRecord *addWithReminder(DataManager &manager, const QDateTime &when)
 {
@@ -826,15 +661,13 @@ static void saveWithReminder(DataRecord *record, const QDateTime &when)
     record->save(old);
 }
 
-static QList<AlarmTable::Alarm> alarms()
+static QList<AlarmTable::Alarm> alarmsOf(const QList<const DataRecord *> &records)
 {
-    return AlarmTable().alarms();
-}
-
-static AlarmTable::Alarm alarmOf(const DataRecord *record)
-{
-    return { record->reminder()->dateTime, QByteArrayLiteral("QPE/Application/norvika"),
-        "alarm(QDateTime,int)" + record->uidString().toLatin1(), 0 };
+    QList<AlarmTable::Alarm> list;
+    for (const DataRecord *record : records)
+        list.append({ record->reminder()->dateTime, QByteArrayLiteral("QPE/Application/norvika"),
+            "alarm(QDateTime,int)" + record->uidString().toLatin1(), 0 });
+    return list;
 }
 
 static QDateTime inDays(int days)
@@ -857,64 +690,36 @@ void TestDataManager::alarmOnAdding()
     QFETCH(QDateTime, when);
     QFETCH(bool, registered);
     TestHome home;
-    auto card = cardWith(home, { makeField(FieldDef::Reminder, QStringLiteral("r")) });
+    auto card = cardWith(home, fieldsOf({ F::Reminder }));
     const DataRecord *record = addWithReminder(*card, when);
-    if (registered)
-        QCOMPARE(alarms(), QList<AlarmTable::Alarm>({ alarmOf(record) }));
-    else
-        QVERIFY(alarms().isEmpty());
+    QCOMPARE(AlarmTable().alarms(), registered ? alarmsOf({ record }) : alarmsOf({}));
 }
 
-void TestDataManager::alarmMovesOnUpdate()
+void TestDataManager::alarmFollowsUpdatesAndRemoval()
 {
     TestHome home;
-    auto card = cardWith(home, { makeField(FieldDef::Reminder, QStringLiteral("r")) });
-    DataRecord *record = addWithReminder(*card, inDays(1));
-    saveWithReminder(record, inDays(3));
-    QCOMPARE(alarms(), QList<AlarmTable::Alarm>({ alarmOf(record) }));
-    saveWithReminder(record, inDays(3));
-    QCOMPARE(alarms(), QList<AlarmTable::Alarm>({ alarmOf(record) }));
-    saveWithReminder(record, inDays(-1));
-    QVERIFY(alarms().isEmpty());
-}
-
-void TestDataManager::alarmGoesOnRemoval()
-{
-    TestHome home;
-    auto card = cardWith(home, { makeField(FieldDef::Reminder, QStringLiteral("r")) });
-    DataRecord *record = addWithReminder(*card, inDays(1));
-    QCOMPARE(alarms().size(), 1);
-    card->remove(record);
-    QVERIFY(alarms().isEmpty());
-}
-
-void TestDataManager::recordMovingUpKeepsItsAlarm()
-{
-    TestHome home;
-    auto card = cardWith(home, { makeField(FieldDef::Reminder, QStringLiteral("r")) });
+    auto card = cardWith(home, fieldsOf({ F::Reminder }));
     DataRecord *first = addWithReminder(*card, QDateTime());
-    const DataRecord *second = addWithReminder(*card, inDays(5));
-    card->remove(first);
-    QCOMPARE(alarms(), QList<AlarmTable::Alarm>({ alarmOf(second) }));
+    DataRecord *record = addWithReminder(*card, inDays(1));
+    for (int days : { 3, 3, -1, 5 }) { // the same time twice must not register it twice
+        saveWithReminder(record, inDays(days));
+        QCOMPARE(AlarmTable().alarms(), days > 0 ? alarmsOf({ record }) : alarmsOf({}));
+    }
+    card->remove(first); // the record moving up keeps its alarm
+    QCOMPARE(AlarmTable().alarms(), alarmsOf({ record }));
+    card->remove(record);
+    QVERIFY(AlarmTable().alarms().isEmpty());
 }
-
-// ---- Filters and views ----------------------------------------------------------------
 
 void TestDataManager::currentViewAppliesSortAndFilter()
 {
     TestHome home;
-    auto card = cardWith(home,
-        { makeField(FieldDef::String, QStringLiteral("name")),
-            makeField(FieldDef::Integer, QStringLiteral("n")) });
-    DataRecord *anna = addRecord(*card, {});
-    anna->setStringValue(0, QStringLiteral("Anna"));
-    DataRecord *bert = addRecord(*card, {});
-    bert->setStringValue(0, QStringLiteral("Bert"));
-    card->setFilters({ filterOn(QStringLiteral("with e"), { condition(0, QStringLiteral("e")) }) });
-    card->setViews({ viewOf(QStringLiteral("e, reversed"), { 0 }, 0, false,
-                         card->filters().at(0).uuidString()),
-        viewOf(QStringLiteral("unknown filter"), { 1 }, 1, true,
-            QStringLiteral("00000000-0000-0000-0000-000000000000")) });
+    auto card = cardWith(home, fieldsOf({ F::String, F::Integer }));
+    addText(*card, QStringLiteral("Anna"));
+    DataRecord *bert = addText(*card, QStringLiteral("Bert"));
+    card->setFilters({ filterOn(QStringLiteral("with e"), { 0 }, QStringLiteral("e")) });
+    card->setViews({ viewOf({ 0 }, 0, false, card->filters().at(0).uuidString()),
+        viewOf({ 1 }, 1, true, QStringLiteral("00000000-0000-0000-0000-000000000000")) });
     QSignalSpy updates(card.get(), &PIMManager::updated);
     card->setCurrentView(0);
     QCOMPARE(card->currentView(), 0);
@@ -924,45 +729,34 @@ void TestDataManager::currentViewAppliesSortAndFilter()
     QCOMPARE(card->view(), QList<PIMRecord *>({ bert }));
     QVERIFY(updates.count() >= 1);
 
-    card->setCurrentView(1);
+    card->setCurrentView(1); // an unknown filter leaves the current one
     QCOMPARE(card->currentFilter(), 0);
     QCOMPARE(card->sortColumn(), 1);
-
     card->setCurrentView(-1);
-    QCOMPARE(card->currentView(), -1);
     QCOMPARE(card->sortColumn(), 1);
     card->setViews(card->views());
     QCOMPARE(card->currentView(), -1);
+
+    card->setCurrentFilter(5); // past the list: all pass
+    QCOMPARE(card->view().size(), 2);
 }
 
 void TestDataManager::adHocFilterIsNotStored()
 {
     TestHome home;
     {
-        auto card = cardWith(home, { makeField(FieldDef::String, QStringLiteral("name")) });
-        addRecord(*card, {})->setStringValue(0, QStringLiteral("Anna"));
-        addRecord(*card, {})->setStringValue(0, QStringLiteral("Bert"));
-        card->setAdHocFilter(filterOn(QString(), { condition(0, QStringLiteral("nn")) }));
+        auto card = cardWith(home, fieldsOf({ F::String }));
+        addText(*card, QStringLiteral("Anna"));
+        addText(*card, QStringLiteral("Bert"));
+        card->setAdHocFilter(filterOn(QString(), { 0 }, QStringLiteral("nn")));
         QCOMPARE(card->currentFilter(), -2);
         QCOMPARE(card->view().size(), 1);
         QVERIFY(card->save());
     }
-    DataManager read(cardPath(home));
+    DataManager read(home.file(QStringLiteral("test.card")));
     QVERIFY(read.load());
     QCOMPARE(read.currentFilter(), -1);
     QCOMPARE(read.view().size(), 2);
-}
-
-void TestDataManager::filterPastTheListLetsAllPass()
-{
-    TestHome home;
-    auto card = cardWith(home, { makeField(FieldDef::String, QStringLiteral("name")) });
-    addRecord(*card, {})->setStringValue(0, QStringLiteral("Anna"));
-    card->setFilters({ filterOn(QStringLiteral("none"), { condition(0, QStringLiteral("zzz")) }) });
-    card->setCurrentFilter(0);
-    QCOMPARE(card->view().size(), 0);
-    card->setCurrentFilter(5);
-    QCOMPARE(card->view().size(), 1);
 }
 
 QTEST_GUILESS_MAIN(TestDataManager)

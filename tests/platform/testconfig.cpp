@@ -13,10 +13,8 @@ class TestConfig : public QObject
 private Q_SLOTS:
     void roundTrip_data();
     void roundTrip();
-    void defaultsWhenMissing();
-    void writtenOnDestructionOnlyWhenChanged();
+    void defaultsAndWritingOnlyWhenChanged();
     void removeEntryAndClearGroup();
-    void listEntries();
     void applicationFileNameCreatesFolder();
     void findDocumentsByType();
 };
@@ -51,35 +49,27 @@ void TestConfig::roundTrip()
     QCOMPARE(cfg.readBoolEntry(QStringLiteral("memo")), true);
 }
 
-void TestConfig::defaultsWhenMissing()
+void TestConfig::defaultsAndWritingOnlyWhenChanged()
 {
     TestHome home;
-    Config cfg(QStringLiteral("qpe"));
-    QVERIFY(cfg.isValid());
-    cfg.setGroup(QStringLiteral("Date"));
-    QCOMPARE(cfg.readEntry(QStringLiteral("Separator"), QStringLiteral("/")), QStringLiteral("/"));
-    QCOMPARE(cfg.readNumEntry(QStringLiteral("ShortOrder"), 273), 273);
-    QCOMPARE(cfg.readBoolEntry(QStringLiteral("AMPM"), true), true);
-    QVERIFY(!cfg.hasKey(QStringLiteral("Separator")));
-}
-
-void TestConfig::writtenOnDestructionOnlyWhenChanged()
-{
-    TestHome home;
-    const QString path = PlatformPaths::settingsDir() + QStringLiteral("/norvika.conf");
+    const QString path = PlatformPaths::settingsDir() + QStringLiteral("/qpe.conf");
     {
-        Config cfg(QStringLiteral("norvika"));
-        cfg.setGroup(QStringLiteral("Options"));
-        QCOMPARE(cfg.readEntry(QStringLiteral("card")), QString());
+        Config cfg(QStringLiteral("qpe"));
+        QVERIFY(cfg.isValid());
+        cfg.setGroup(QStringLiteral("Date"));
+        QCOMPARE(
+            cfg.readEntry(QStringLiteral("Separator"), QStringLiteral("/")), QStringLiteral("/"));
+        QCOMPARE(cfg.readNumEntry(QStringLiteral("ShortOrder"), 273), 273);
+        QCOMPARE(cfg.readBoolEntry(QStringLiteral("AMPM"), true), true);
+        QCOMPARE(cfg.readListEntry(QStringLiteral("none"), QLatin1Char(',')), QStringList());
+        QVERIFY(!cfg.hasKey(QStringLiteral("Separator")));
     }
     QVERIFY(!QFile::exists(path));
-    {
-        Config cfg(QStringLiteral("norvika"));
-        cfg.setGroup(QStringLiteral("Options"));
-        cfg.writeEntry(QStringLiteral("card"), QStringLiteral("/x.card"));
-        QVERIFY(cfg.write());
-        QVERIFY(QFile::exists(path));
-    }
+    Config cfg(QStringLiteral("qpe"));
+    cfg.setGroup(QStringLiteral("Date"));
+    cfg.writeEntry(QStringLiteral("Separator"), QStringLiteral("-"));
+    QVERIFY(cfg.write());
+    QVERIFY(QFile::exists(path));
 }
 
 void TestConfig::removeEntryAndClearGroup()
@@ -90,6 +80,8 @@ void TestConfig::removeEntryAndClearGroup()
         cfg.setGroup(QStringLiteral("Options"));
         cfg.writeEntry(QStringLiteral("card"), QStringLiteral("a"));
         cfg.writeEntry(QStringLiteral("memo"), false);
+        cfg.writeEntry(QStringLiteral("widths"),
+            QStringList { QStringLiteral("10"), QStringLiteral("20") }, QLatin1Char(','));
         cfg.setGroup(QStringLiteral("main"));
         cfg.writeEntry(QStringLiteral("colour"), QStringLiteral("red"));
     }
@@ -104,26 +96,17 @@ void TestConfig::removeEntryAndClearGroup()
     cfg.setGroup(QStringLiteral("Options"));
     QVERIFY(!cfg.hasKey(QStringLiteral("card")));
     QVERIFY(cfg.hasKey(QStringLiteral("memo")));
+    QCOMPARE(cfg.readListEntry(QStringLiteral("widths"), QLatin1Char(',')),
+        (QStringList { QStringLiteral("10"), QStringLiteral("20") }));
     cfg.setGroup(QStringLiteral("main"));
     QVERIFY(!cfg.hasKey(QStringLiteral("colour")));
-}
-
-void TestConfig::listEntries()
-{
-    TestHome home;
-    Config cfg(QStringLiteral("norvika"));
-    cfg.setGroup(QStringLiteral("cards_columns"));
-    cfg.writeEntry(QStringLiteral("widths"), QStringList{QStringLiteral("10"), QStringLiteral("20")},
-                   QLatin1Char(','));
-    QCOMPARE(cfg.readListEntry(QStringLiteral("widths"), QLatin1Char(',')),
-             (QStringList{QStringLiteral("10"), QStringLiteral("20")}));
-    QCOMPARE(cfg.readListEntry(QStringLiteral("none"), QLatin1Char(',')), QStringList());
 }
 
 void TestConfig::applicationFileNameCreatesFolder()
 {
     TestHome home;
-    const QString path = Global::applicationFileName(QStringLiteral("norvika"), QStringLiteral("norvikaIDX"));
+    const QString path
+        = Global::applicationFileName(QStringLiteral("norvika"), QStringLiteral("norvikaIDX"));
     QCOMPARE(path, home.path() + QStringLiteral("/data/norvika/norvikaIDX"));
     QVERIFY(QFileInfo(home.path() + QStringLiteral("/data/norvika")).isDir());
 }
@@ -131,8 +114,8 @@ void TestConfig::applicationFileNameCreatesFolder()
 void TestConfig::findDocumentsByType()
 {
     TestHome home;
-    const QStringList names{QStringLiteral("a.card"), QStringLiteral("sub/b.csv"),
-                            QStringLiteral("c.txt"), QStringLiteral("d.pdb")};
+    const QStringList names { QStringLiteral("a.card"), QStringLiteral("sub/b.csv"),
+        QStringLiteral("c.txt"), QStringLiteral("d.pdb") };
     for (const QString &name : names) {
         const QString path = home.documents() + QLatin1Char('/') + name;
         QDir().mkpath(QFileInfo(path).absolutePath());
@@ -140,10 +123,10 @@ void TestConfig::findDocumentsByType()
         QVERIFY(f.open(QIODevice::WriteOnly));
     }
     QCOMPARE(Global::findDocuments(QStringLiteral("application/norvika")),
-             QStringList{home.documents() + QStringLiteral("/a.card")});
+        QStringList { home.documents() + QStringLiteral("/a.card") });
     QCOMPARE(Global::findDocuments(QStringLiteral("text/*;csv/csv")).size(), 2);
     QCOMPARE(Global::findDocuments(QStringLiteral("palm/database")),
-             QStringList{home.documents() + QStringLiteral("/d.pdb")});
+        QStringList { home.documents() + QStringLiteral("/d.pdb") });
 }
 
 QTEST_GUILESS_MAIN(TestConfig)

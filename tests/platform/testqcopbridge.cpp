@@ -16,9 +16,7 @@ class TestQCopBridge : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void messageFromAnotherProcess();
-    void noReceiverInTheRunningProgram();
-    void registrationAskedOfTheRunningProgram();
+    void anotherProcessSendsAndAsks();
     void nobodyRunning();
     void peerInThisProcess();
     void malformedFrameDropsThePeer_data();
@@ -41,48 +39,26 @@ QCopFrame sendFrame(const QByteArray &channel, const QByteArray &message)
 }
 } // namespace
 
-void TestQCopBridge::messageFromAnotherProcess()
+// Another process hands its message to the running program, and hears whether a channel
+// has a receiver there.
+void TestQCopBridge::anotherProcessSendsAndAsks()
 {
     TestHome home;
     QCopBridge bridge;
     QVERIFY(bridge.listen());
     QCopChannel channel(channelName);
     QSignalSpy spy(&channel, &QCopChannel::received);
-    QCOMPARE(HelperProcess::run(home.path(),
-                 { QStringLiteral("send"), QString::fromLatin1(channelName),
-                     QStringLiteral("open(QString)"), QStringLiteral("x.card") }),
-        0);
+    const QString name = QString::fromLatin1(channelName);
+    QCOMPARE(HelperProcess::run(home.path(), { "send", name, "open(QString)", "x.card" }), 0);
     QTRY_COMPARE(spy.count(), 1);
     QCOMPARE(spy.at(0).at(0).toByteArray(), QByteArrayLiteral("open(QString)"));
     QDataStream in(spy.at(0).at(1).toByteArray());
     QString text;
     in >> text;
     QCOMPARE(text, QStringLiteral("x.card"));
-}
-
-void TestQCopBridge::noReceiverInTheRunningProgram()
-{
-    TestHome home;
-    QCopBridge bridge;
-    QVERIFY(bridge.listen());
-    QCOMPARE(HelperProcess::run(home.path(),
-                 { QStringLiteral("send"), QStringLiteral("test/nobody"), QStringLiteral("m()"),
-                     QString() }),
-        1);
-}
-
-void TestQCopBridge::registrationAskedOfTheRunningProgram()
-{
-    TestHome home;
-    QCopBridge bridge;
-    QVERIFY(bridge.listen());
-    QCopChannel channel(channelName);
-    QCOMPARE(HelperProcess::run(
-                 home.path(), { QStringLiteral("registered"), QString::fromLatin1(channelName) }),
-        0);
-    QCOMPARE(HelperProcess::run(
-                 home.path(), { QStringLiteral("registered"), QStringLiteral("test/nobody") }),
-        1);
+    QCOMPARE(HelperProcess::run(home.path(), { "send", "test/nobody", "m()", QString() }), 1);
+    QCOMPARE(HelperProcess::run(home.path(), { "registered", name }), 0);
+    QCOMPARE(HelperProcess::run(home.path(), { "registered", "test/nobody" }), 1);
 }
 
 void TestQCopBridge::nobodyRunning()

@@ -17,9 +17,7 @@ private Q_SLOTS:
     void allTextFields_data();
     void allTextFields();
     void fieldPastTheSchemaIsAnEmptyText();
-    void operatorLabels_data();
     void operatorLabels();
-    void labelsOfAllTextFields();
 };
 
 Q_DECLARE_METATYPE(FilterCondition)
@@ -27,16 +25,16 @@ Q_DECLARE_METATYPE(FilterCondition)
 namespace
 {
 using Op = FilterCondition;
+using F = FieldDef;
 
 FieldDef fieldOf(int type)
 {
     FieldDef field;
-    field.title = FieldDef::typeName(type);
+    field.title = F::typeName(type);
     field.type = type;
     return field;
 }
 
-// A record without a card, sized to the given schema.
 std::unique_ptr<DataRecord> recordFor(const QList<FieldDef> &fields)
 {
     auto record = std::make_unique<DataRecord>(nullptr);
@@ -50,77 +48,54 @@ void store(DataRecord &record, int i, int type, const QVariant &value)
 {
     if (!value.isValid())
         return;
-    switch (type) {
-    case FieldDef::Memo:
+    if (type == F::Memo)
         record.setMemo(value.toString());
-        break;
-    case FieldDef::Reminder:
-        if (value.toBool())
-            record.setReminder(new Reminder);
-        break;
-    case FieldDef::Image:
-        if (value.toBool())
-            record.setImage(QStringLiteral("picture.png"));
-        break;
-    case FieldDef::Double:
+    else if (type == F::Reminder)
+        record.setReminder(new Reminder);
+    else if (type == F::Image)
+        record.setImage(QStringLiteral("picture.png"));
+    else if (type == F::Double)
         record.setDoubleValue(i, value.toDouble());
-        break;
-    case FieldDef::Date:
+    else if (type == F::Date)
         record.setDateValue(i, value.toDate());
-        break;
-    case FieldDef::Time:
+    else if (type == F::Time)
         record.setTimeValue(i, value.toTime());
-        break;
-    case FieldDef::DateTime:
+    else if (type == F::DateTime)
         record.setDateTimeValue(i, value.toDateTime());
+    else if (F::family(type) == F::NumberFamily)
+        record.setIntValue(i, value.toInt());
+    else
+        record.setStringValue(i, value.toString());
+}
+
+// A condition on field 0 whose operand goes into the member its type belongs to.
+FilterCondition condition(int op, const QVariant &operand, int field = 0)
+{
+    FilterCondition c;
+    c.field = field;
+    c.op = op;
+    switch (operand.typeId()) {
+    case QMetaType::Int:
+        c.number = operand.toInt();
+        break;
+    case QMetaType::Double:
+        c.real = operand.toDouble();
+        break;
+    case QMetaType::QDate:
+        c.date = operand.toDate();
+        break;
+    case QMetaType::QTime:
+        c.time = operand.toTime();
+        break;
+    case QMetaType::QDateTime:
+        c.date = operand.toDateTime().date();
+        c.time = operand.toDateTime().time();
         break;
     default:
-        if (FieldDef::family(type) == FieldDef::NumberFamily)
-            record.setIntValue(i, value.toInt());
-        else
-            record.setStringValue(i, value.toString());
+        c.text = operand.toString();
     }
+    return c;
 }
-
-FilterCondition textCondition(int field, int op, const QString &text)
-{
-    FilterCondition condition;
-    condition.field = field;
-    condition.op = op;
-    condition.text = text;
-    return condition;
-}
-
-FilterCondition numberCondition(int op, int number)
-{
-    FilterCondition condition;
-    condition.field = 0;
-    condition.op = op;
-    condition.number = number;
-    return condition;
-}
-
-FilterCondition realCondition(int op, double real)
-{
-    FilterCondition condition;
-    condition.field = 0;
-    condition.op = op;
-    condition.real = real;
-    return condition;
-}
-
-FilterCondition momentCondition(int op, const QDate &date, const QTime &time)
-{
-    FilterCondition condition;
-    condition.field = 0;
-    condition.op = op;
-    condition.date = date;
-    condition.time = time;
-    return condition;
-}
-
-const QDate day(2004, 3, 7);
-const QTime noon(12, 0, 0);
 } // namespace
 
 void TestFilterCondition::textMatches_data()
@@ -129,54 +104,41 @@ void TestFilterCondition::textMatches_data()
     QTest::addColumn<QString>("value");
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("expected");
-
-    QTest::newRow("contains ignores case") << int(Op::Contains) << "ABC"
-                                           << "b" << true;
-    QTest::newRow("contains misses") << int(Op::Contains) << "ABC"
-                                     << "d" << false;
-    QTest::newRow("contains nothing in anything") << int(Op::Contains) << "abc"
-                                                  << "" << true;
-    QTest::newRow("contains nothing in null") << int(Op::Contains) << QString() << "" << true;
-    QTest::newRow("is exactly") << int(Op::IsExactly) << "abc"
-                                << "abc" << true;
-    QTest::newRow("is exactly keeps case") << int(Op::IsExactly) << "abc"
-                                           << "ABC" << false;
-    QTest::newRow("is exactly null and empty") << int(Op::IsExactly) << QString() << "" << true;
-    QTest::newRow("doesn't contain") << int(Op::DoesNotContain) << "abc"
-                                     << "x" << true;
-    QTest::newRow("doesn't contain ignores case") << int(Op::DoesNotContain) << "abc"
-                                                  << "B" << false;
-    QTest::newRow("doesn't contain nothing") << int(Op::DoesNotContain) << "abc"
-                                             << "" << false;
-    QTest::newRow("is empty on null") << int(Op::IsEmpty) << QString() << "x" << true;
-    QTest::newRow("is empty on blank") << int(Op::IsEmpty) << " "
-                                       << "" << false;
-    QTest::newRow("is not empty") << int(Op::IsNotEmpty) << "a"
-                                  << "" << true;
-    QTest::newRow("is not empty on null") << int(Op::IsNotEmpty) << QString() << "" << false;
-    QTest::newRow("starts with ignores case") << int(Op::StartsWith) << "Hello"
-                                              << "hE" << true;
-    QTest::newRow("starts with misses") << int(Op::StartsWith) << "Hello"
-                                        << "ello" << false;
-    QTest::newRow("starts with longer text") << int(Op::StartsWith) << "He"
-                                             << "Hello" << false;
-    QTest::newRow("null starts with nothing") << int(Op::StartsWith) << QString() << "" << true;
-    QTest::newRow("ends with") << int(Op::EndsWith) << "xab"
-                               << "ab" << true;
-    QTest::newRow("ends with ignores case") << int(Op::EndsWith) << "xAB"
-                                            << "ab" << true;
-    QTest::newRow("ends with sees first occurrence only") << int(Op::EndsWith) << "abab"
-                                                          << "ab" << false;
-    QTest::newRow("ends with misses") << int(Op::EndsWith) << "abx"
-                                      << "ab" << false;
-    QTest::newRow("ends with nothing only when empty") << int(Op::EndsWith) << "abc"
-                                                       << "" << false;
-    QTest::newRow("empty ends with nothing") << int(Op::EndsWith) << ""
-                                             << "" << true;
-    QTest::newRow("unknown code") << 7 << "abc"
-                                  << "abc" << false;
-    QTest::newRow("negative code") << -1 << "abc"
-                                   << "abc" << false;
+    const struct {
+        const char *name;
+        int op;
+        const char *value; // nullptr: the null string
+        const char *text;
+        bool expected;
+    } rows[] = {
+        { "contains ignores case", Op::Contains, "ABC", "b", true },
+        { "contains misses", Op::Contains, "ABC", "d", false },
+        { "contains nothing in null", Op::Contains, nullptr, "", true },
+        { "is exactly", Op::IsExactly, "abc", "abc", true },
+        { "is exactly keeps case", Op::IsExactly, "abc", "ABC", false },
+        { "is exactly null and empty", Op::IsExactly, nullptr, "", true },
+        { "doesn't contain", Op::DoesNotContain, "abc", "x", true },
+        { "doesn't contain ignores case", Op::DoesNotContain, "abc", "B", false },
+        { "doesn't contain nothing", Op::DoesNotContain, "abc", "", false },
+        { "is empty on null", Op::IsEmpty, nullptr, "x", true },
+        { "is empty on blank", Op::IsEmpty, " ", "", false },
+        { "is not empty", Op::IsNotEmpty, "a", "", true },
+        { "is not empty on null", Op::IsNotEmpty, nullptr, "", false },
+        { "starts with ignores case", Op::StartsWith, "Hello", "hE", true },
+        { "starts with misses", Op::StartsWith, "Hello", "ello", false },
+        { "starts with longer text", Op::StartsWith, "He", "Hello", false },
+        { "null starts with nothing", Op::StartsWith, nullptr, "", true },
+        { "ends with ignores case", Op::EndsWith, "xAB", "ab", true },
+        { "ends with sees first occurrence only", Op::EndsWith, "abab", "ab", false },
+        { "ends with misses", Op::EndsWith, "abx", "ab", false },
+        { "ends with nothing only when empty", Op::EndsWith, "abc", "", false },
+        { "empty ends with nothing", Op::EndsWith, "", "", true },
+        { "unknown code", 7, "abc", "abc", false },
+        { "negative code", -1, "abc", "abc", false },
+    };
+    for (const auto &row : rows)
+        QTest::newRow(row.name) << row.op << (row.value ? QString::fromUtf8(row.value) : QString())
+                                << QString::fromUtf8(row.text) << row.expected;
 }
 
 void TestFilterCondition::textMatches()
@@ -195,171 +157,103 @@ void TestFilterCondition::acceptByType_data()
     QTest::addColumn<QVariant>("stored");
     QTest::addColumn<FilterCondition>("condition");
     QTest::addColumn<bool>("expected");
-
+    const auto row = [](const QByteArray &name, int type, const QVariant &stored, int op,
+                         const QVariant &operand, bool expected) {
+        QTest::newRow(name.constData()) << type << stored << condition(op, operand) << expected;
+    };
     const QVariant unset;
-    const auto text = [](int op, const QString &t) { return textCondition(0, op, t); };
+    const QString null;
 
-    QTest::newRow("string contains")
-        << int(FieldDef::String) << QVariant("Paris") << text(Op::Contains, "ari") << true;
-    QTest::newRow("text is exactly")
-        << int(FieldDef::Text) << QVariant("Paris") << text(Op::IsExactly, "paris") << false;
-    QTest::newRow("list starts with")
-        << int(FieldDef::List) << QVariant("Green") << text(Op::StartsWith, "gr") << true;
-    QTest::newRow("unset string is empty")
-        << int(FieldDef::String) << unset << text(Op::IsEmpty, QString()) << true;
-    QTest::newRow("unset string doesn't contain")
-        << int(FieldDef::String) << unset << text(Op::DoesNotContain, "a") << true;
-    QTest::newRow("memo contains")
-        << int(FieldDef::Memo) << QVariant("Call Anna") << text(Op::Contains, "anna") << true;
-    QTest::newRow("memo absent is empty")
-        << int(FieldDef::Memo) << unset << text(Op::IsEmpty, QString()) << true;
+    row("string contains", F::String, "Paris", Op::Contains, "ari", true);
+    row("text is exactly", F::Text, "Paris", Op::IsExactly, "paris", false);
+    row("list starts with", F::List, "Green", Op::StartsWith, "gr", true);
+    row("unset string is empty", F::String, unset, Op::IsEmpty, null, true);
+    row("unset string doesn't contain", F::String, unset, Op::DoesNotContain, "a", true);
+    row("memo contains", F::Memo, "Call Anna", Op::Contains, "anna", true);
+    row("memo absent is empty", F::Memo, unset, Op::IsEmpty, null, true);
+    row("multi-list one part is exactly", F::MultiList, "red\ngreen\n", Op::IsExactly, "green",
+        true);
+    row("multi-list whole value is not a part", F::MultiList, "red\ngreen", Op::IsExactly,
+        "red\ngreen", false);
+    row("multi-list doesn't contain passes on one part", F::MultiList, "red\ngreen",
+        Op::DoesNotContain, "red", true);
+    row("multi-list ends with per part", F::MultiList, "xab\nabab", Op::EndsWith, "ab", true);
+    row("empty multi-list is not empty", F::MultiList, "", Op::IsEmpty, null, false);
+    row("unset multi-list is not empty", F::MultiList, unset, Op::IsEmpty, null, false);
+    row("multi-list of separators has no parts", F::MultiList, "\n\n", Op::Contains, null, false);
 
-    QTest::newRow("multi-list one part is exactly")
-        << int(FieldDef::MultiList) << QVariant("red\ngreen\n") << text(Op::IsExactly, "green")
-        << true;
-    QTest::newRow("multi-list whole value is not a part")
-        << int(FieldDef::MultiList) << QVariant("red\ngreen") << text(Op::IsExactly, "red\ngreen")
-        << false;
-    QTest::newRow("multi-list doesn't contain passes on one part")
-        << int(FieldDef::MultiList) << QVariant("red\ngreen") << text(Op::DoesNotContain, "red")
-        << true;
-    QTest::newRow("multi-list ends with per part")
-        << int(FieldDef::MultiList) << QVariant("xab\nabab") << text(Op::EndsWith, "ab") << true;
-    QTest::newRow("empty multi-list is not empty")
-        << int(FieldDef::MultiList) << QVariant("") << text(Op::IsEmpty, QString()) << false;
-    QTest::newRow("unset multi-list is not empty")
-        << int(FieldDef::MultiList) << unset << text(Op::IsEmpty, QString()) << false;
-    QTest::newRow("multi-list of separators has no parts")
-        << int(FieldDef::MultiList) << QVariant("\n\n") << text(Op::Contains, QString()) << false;
-
-    const int integerTypes[] = { FieldDef::Integer, FieldDef::Count, FieldDef::Increment };
-    for (int type : integerTypes) {
-        const QByteArray name = FieldDef::typeName(type).toUtf8();
-        const QVariant five(5);
-        QTest::newRow(name + " equals") << type << five << numberCondition(Op::Equals, 5) << true;
-        QTest::newRow(name + " equals misses")
-            << type << five << numberCondition(Op::Equals, 4) << false;
-        QTest::newRow(name + " not equal to")
-            << type << five << numberCondition(Op::NotEqualTo, 4) << true;
-        QTest::newRow(name + " at most on equal")
-            << type << five << numberCondition(Op::AtMost, 5) << true;
-        QTest::newRow(name + " at most misses")
-            << type << five << numberCondition(Op::AtMost, 4) << false;
-        QTest::newRow(name + " at least on equal")
-            << type << five << numberCondition(Op::AtLeast, 5) << true;
-        QTest::newRow(name + " at least misses")
-            << type << five << numberCondition(Op::AtLeast, 6) << false;
-        QTest::newRow(name + " more than on equal")
-            << type << five << numberCondition(Op::MoreThan, 5) << false;
-        QTest::newRow(name + " more than")
-            << type << five << numberCondition(Op::MoreThan, 4) << true;
-        QTest::newRow(name + " less than on equal")
-            << type << five << numberCondition(Op::LessThan, 5) << false;
-        QTest::newRow(name + " less than")
-            << type << five << numberCondition(Op::LessThan, 6) << true;
-        QTest::newRow(name + " unset equals 0")
-            << type << unset << numberCondition(Op::Equals, 0) << true;
-        QTest::newRow(name + " unknown code") << type << five << numberCondition(6, 5) << false;
+    for (int type : { F::Integer, F::Count, F::Increment }) {
+        const QByteArray name = F::typeName(type).toUtf8();
+        const struct {
+            const char *name;
+            int op, operand;
+            bool expected;
+        } rows[] = { { " equals", Op::Equals, 5, true }, { " equals misses", Op::Equals, 4, false },
+            { " not equal to", Op::NotEqualTo, 4, true },
+            { " at most on equal", Op::AtMost, 5, true },
+            { " at most misses", Op::AtMost, 4, false },
+            { " at least on equal", Op::AtLeast, 5, true },
+            { " at least misses", Op::AtLeast, 6, false },
+            { " more than on equal", Op::MoreThan, 5, false },
+            { " more than", Op::MoreThan, 4, true },
+            { " less than on equal", Op::LessThan, 5, false },
+            { " less than", Op::LessThan, 6, true }, { " unknown code", 6, 5, false } };
+        for (const auto &r : rows)
+            row(name + r.name, type, 5, r.op, r.operand, r.expected);
+        row(name + " unset equals 0", type, unset, Op::Equals, 0, true);
     }
-    QTest::newRow("integer compares the whole part")
-        << int(FieldDef::Integer) << QVariant(-3) << numberCondition(Op::LessThan, 0) << true;
+    row("integer compares the whole part", F::Integer, -3, Op::LessThan, 0, true);
 
-    QTest::newRow("double equals")
-        << int(FieldDef::Double) << QVariant(2.5) << realCondition(Op::Equals, 2.5) << true;
-    QTest::newRow("double not equal to")
-        << int(FieldDef::Double) << QVariant(2.5) << realCondition(Op::NotEqualTo, 2.25) << true;
-    QTest::newRow("double at most")
-        << int(FieldDef::Double) << QVariant(2.5) << realCondition(Op::AtMost, 2.4) << false;
-    QTest::newRow("double at least")
-        << int(FieldDef::Double) << QVariant(2.5) << realCondition(Op::AtLeast, 2.5) << true;
-    QTest::newRow("double more than")
-        << int(FieldDef::Double) << QVariant(2.5) << realCondition(Op::MoreThan, 2.4) << true;
-    QTest::newRow("double less than")
-        << int(FieldDef::Double) << QVariant(-1.5) << realCondition(Op::LessThan, -1.0) << true;
-    QTest::newRow("unset double equals 0")
-        << int(FieldDef::Double) << unset << realCondition(Op::Equals, 0.0) << true;
+    row("double equals", F::Double, 2.5, Op::Equals, 2.5, true);
+    row("double not equal to", F::Double, 2.5, Op::NotEqualTo, 2.25, true);
+    row("double at most", F::Double, 2.5, Op::AtMost, 2.4, false);
+    row("double at least", F::Double, 2.5, Op::AtLeast, 2.5, true);
+    row("double more than", F::Double, 2.5, Op::MoreThan, 2.4, true);
+    row("double less than", F::Double, -1.5, Op::LessThan, -1.0, true);
+    row("unset double equals 0", F::Double, unset, Op::Equals, 0.0, true);
 
-    const QVariant onDay(day);
-    QTest::newRow("date on") << int(FieldDef::Date) << onDay
-                             << momentCondition(Op::On, day, QTime()) << true;
-    QTest::newRow("date on misses") << int(FieldDef::Date) << onDay
-                                    << momentCondition(Op::On, day.addDays(1), QTime()) << false;
-    QTest::newRow("date on or after on the day")
-        << int(FieldDef::Date) << onDay << momentCondition(Op::OnOrAfter, day, QTime()) << true;
-    QTest::newRow("date on or after misses")
-        << int(FieldDef::Date) << onDay << momentCondition(Op::OnOrAfter, day.addDays(1), QTime())
-        << false;
-    QTest::newRow("date on or before on the day")
-        << int(FieldDef::Date) << onDay << momentCondition(Op::OnOrBefore, day, QTime()) << true;
-    QTest::newRow("date on or before misses")
-        << int(FieldDef::Date) << onDay << momentCondition(Op::OnOrBefore, day.addDays(-1), QTime())
-        << false;
-    QTest::newRow("unset date is before any")
-        << int(FieldDef::Date) << unset << momentCondition(Op::OnOrBefore, day, QTime()) << true;
-    QTest::newRow("unset date is not after any")
-        << int(FieldDef::Date) << unset << momentCondition(Op::OnOrAfter, day, QTime()) << false;
-    QTest::newRow("date unknown code")
-        << int(FieldDef::Date) << onDay << momentCondition(3, day, QTime()) << false;
+    const QDate day(2004, 3, 7);
+    const QTime noon(12, 0, 0);
+    row("date on", F::Date, day, Op::On, day, true);
+    row("date on misses", F::Date, day, Op::On, day.addDays(1), false);
+    row("date on or after on the day", F::Date, day, Op::OnOrAfter, day, true);
+    row("date on or after misses", F::Date, day, Op::OnOrAfter, day.addDays(1), false);
+    row("date on or before on the day", F::Date, day, Op::OnOrBefore, day, true);
+    row("date on or before misses", F::Date, day, Op::OnOrBefore, day.addDays(-1), false);
+    row("unset date is before any", F::Date, unset, Op::OnOrBefore, day, true);
+    row("unset date is not after any", F::Date, unset, Op::OnOrAfter, day, false);
+    row("date unknown code", F::Date, day, 3, day, false);
+    row("time on", F::Time, noon, Op::On, noon, true);
+    row("time on or after", F::Time, noon, Op::OnOrAfter, noon.addSecs(1), false);
+    row("time on or before", F::Time, noon, Op::OnOrBefore, noon.addSecs(1), true);
+    row("time ignores the date member", F::Time, noon, Op::On, QDateTime(day, noon), true);
+    const QDateTime moment(day, noon);
+    row("date-time on", F::DateTime, moment, Op::On, moment, true);
+    row("date-time on counts seconds", F::DateTime, moment, Op::On, moment.addSecs(1), false);
+    row("date-time on or after, earlier day later hour", F::DateTime, moment, Op::OnOrAfter,
+        QDateTime(day.addDays(-1), QTime(23, 0)), true);
+    row("date-time on or before, same day later second", F::DateTime, moment, Op::OnOrBefore,
+        moment.addSecs(1), true);
+    row("date-time on or before, same day earlier second", F::DateTime, moment, Op::OnOrBefore,
+        moment.addSecs(-1), false);
 
-    const QVariant atNoon(noon);
-    QTest::newRow("time on") << int(FieldDef::Time) << atNoon
-                             << momentCondition(Op::On, QDate(), noon) << true;
-    QTest::newRow("time on or after")
-        << int(FieldDef::Time) << atNoon << momentCondition(Op::OnOrAfter, QDate(), noon.addSecs(1))
-        << false;
-    QTest::newRow("time on or before")
-        << int(FieldDef::Time) << atNoon
-        << momentCondition(Op::OnOrBefore, QDate(), noon.addSecs(1)) << true;
-    QTest::newRow("time ignores the date member")
-        << int(FieldDef::Time) << atNoon << momentCondition(Op::On, day, noon) << true;
-
-    const QVariant moment(QDateTime(day, noon));
-    QTest::newRow("date-time on") << int(FieldDef::DateTime) << moment
-                                  << momentCondition(Op::On, day, noon) << true;
-    QTest::newRow("date-time on counts seconds")
-        << int(FieldDef::DateTime) << moment << momentCondition(Op::On, day, noon.addSecs(1))
-        << false;
-    QTest::newRow("date-time on or after, earlier day later hour")
-        << int(FieldDef::DateTime) << moment
-        << momentCondition(Op::OnOrAfter, day.addDays(-1), QTime(23, 0)) << true;
-    QTest::newRow("date-time on or before, same day later second")
-        << int(FieldDef::DateTime) << moment
-        << momentCondition(Op::OnOrBefore, day, noon.addSecs(1)) << true;
-    QTest::newRow("date-time on or before, same day earlier second")
-        << int(FieldDef::DateTime) << moment
-        << momentCondition(Op::OnOrBefore, day, noon.addSecs(-1)) << false;
-
-    for (int type : { int(FieldDef::Reminder), int(FieldDef::Image) }) {
-        const QByteArray name = FieldDef::typeName(type).toUtf8();
-        QTest::newRow(name + " yes, present")
-            << type << QVariant(true) << numberCondition(0, Op::Yes) << true;
-        QTest::newRow(name + " yes, absent")
-            << type << unset << numberCondition(0, Op::Yes) << false;
-        QTest::newRow(name + " no, absent") << type << unset << numberCondition(0, Op::No) << true;
-        QTest::newRow(name + " no, present")
-            << type << QVariant(true) << numberCondition(0, Op::No) << false;
-        QTest::newRow(name + " any other answer means no")
-            << type << unset << numberCondition(0, 7) << true;
+    // Reminder and Image keep their answer in number, under the operator code 0.
+    for (int type : { F::Reminder, F::Image }) {
+        const QByteArray name = F::typeName(type).toUtf8();
+        row(name + " yes, present", type, true, 0, int(Op::Yes), true);
+        row(name + " yes, absent", type, unset, 0, int(Op::Yes), false);
+        row(name + " no, absent", type, unset, 0, int(Op::No), true);
+        row(name + " no, present", type, true, 0, int(Op::No), false);
+        row(name + " any other answer means no", type, unset, 0, 7, true);
     }
-
-    const int boolean = FieldDef::Bool;
-    QTest::newRow("bool equals yes on 1")
-        << boolean << QVariant(1) << numberCondition(Op::Equals, Op::Yes) << true;
-    QTest::newRow("bool equals yes on 2")
-        << boolean << QVariant(2) << numberCondition(Op::Equals, Op::Yes) << false;
-    QTest::newRow("bool equals no on 2")
-        << boolean << QVariant(2) << numberCondition(Op::Equals, Op::No) << true;
-    QTest::newRow("bool equals no on unset")
-        << boolean << unset << numberCondition(Op::Equals, Op::No) << true;
-    QTest::newRow("bool not equal to yes on 0")
-        << boolean << QVariant(0) << numberCondition(Op::NotEqualTo, Op::Yes) << true;
-    QTest::newRow("bool not equal to yes on 1")
-        << boolean << QVariant(1) << numberCondition(Op::NotEqualTo, Op::Yes) << false;
-    QTest::newRow("bool any other code is not equal")
-        << boolean << QVariant(1) << numberCondition(5, Op::No) << true;
-
-    QTest::newRow("unknown field type fails")
-        << 99 << QVariant("x") << text(Op::Contains, QString()) << false;
+    row("bool equals yes on 1", F::Bool, 1, Op::Equals, int(Op::Yes), true);
+    row("bool equals yes on 2", F::Bool, 2, Op::Equals, int(Op::Yes), false);
+    row("bool equals no on 2", F::Bool, 2, Op::Equals, int(Op::No), true);
+    row("bool equals no on unset", F::Bool, unset, Op::Equals, int(Op::No), true);
+    row("bool not equal to yes on 0", F::Bool, 0, Op::NotEqualTo, int(Op::Yes), true);
+    row("bool not equal to yes on 1", F::Bool, 1, Op::NotEqualTo, int(Op::Yes), false);
+    row("bool any other code is not equal", F::Bool, 1, 5, int(Op::No), true);
+    row("unknown field type fails", 99, "x", Op::Contains, null, false);
 }
 
 void TestFilterCondition::acceptByType()
@@ -368,7 +262,6 @@ void TestFilterCondition::acceptByType()
     QFETCH(QVariant, stored);
     QFETCH(FilterCondition, condition);
     QFETCH(bool, expected);
-
     const QList<FieldDef> fields { fieldOf(type) };
     auto record = recordFor(fields);
     store(*record, 0, type, stored);
@@ -383,25 +276,25 @@ void TestFilterCondition::allTextFields_data()
     QTest::addColumn<int>("op");
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("expected");
-
-    const QStringList none { QString(), QString(), QString(), QString(), QString() };
-    QTest::newRow("contains in string")
-        << QStringList { "Xylo", "", "", "", "" } << int(Op::Contains) << "xy" << true;
-    QTest::newRow("contains in text")
-        << QStringList { "", "a xylophone", "", "", "" } << int(Op::Contains) << "XY" << true;
-    QTest::newRow("contains in list")
-        << QStringList { "", "", "xy", "", "" } << int(Op::Contains) << "xy" << true;
+    const QStringList none(5, QString());
+    const auto only = [](int i, const QString &text) {
+        QStringList texts(5, QString());
+        texts[i] = text;
+        return texts;
+    };
+    QTest::newRow("contains in string") << only(0, "Xylo") << int(Op::Contains) << "xy" << true;
+    QTest::newRow("contains in text") << only(1, "a xylo") << int(Op::Contains) << "XY" << true;
+    QTest::newRow("contains in list") << only(2, "xy") << int(Op::Contains) << "xy" << true;
     QTest::newRow("contains in multi-list")
-        << QStringList { "", "", "", "a\nxy", "" } << int(Op::Contains) << "xy" << true;
-    QTest::newRow("contains in memo")
-        << QStringList { "", "", "", "", "about xy" } << int(Op::Contains) << "xy" << true;
+        << only(3, "a\nxy") << int(Op::Contains) << "xy" << true;
+    QTest::newRow("contains in memo") << only(4, "about xy") << int(Op::Contains) << "xy" << true;
     QTest::newRow("other types are not looked at") << none << int(Op::Contains) << "42" << false;
     QTest::newRow("doesn't contain: one field lacks it")
         << QStringList { "x", "x", "x", "x", "" } << int(Op::DoesNotContain) << "x" << true;
     QTest::newRow("doesn't contain: every field has it")
-        << QStringList { "x", "x", "x", "x", "x" } << int(Op::DoesNotContain) << "x" << false;
+        << QStringList(5, "x") << int(Op::DoesNotContain) << "x" << false;
     QTest::newRow("is exactly on the whole multi-list")
-        << QStringList { "", "", "", "a\nb", "" } << int(Op::IsExactly) << "a\nb" << true;
+        << only(3, "a\nb") << int(Op::IsExactly) << "a\nb" << true;
     QTest::newRow("is empty: one empty field suffices")
         << QStringList { "a", "b", "c", "d", "" } << int(Op::IsEmpty) << "" << true;
     QTest::newRow("is not empty on nothing") << none << int(Op::IsNotEmpty) << "" << false;
@@ -413,88 +306,50 @@ void TestFilterCondition::allTextFields()
     QFETCH(int, op);
     QFETCH(QString, text);
     QFETCH(bool, expected);
-
     QList<FieldDef> fields;
-    for (int type = 0; type < FieldDef::TypeCount; ++type)
+    for (int type = 0; type < F::TypeCount; ++type)
         fields.append(fieldOf(type));
     auto record = recordFor(fields);
-    record->setStringValue(FieldDef::String, texts.at(0));
-    record->setStringValue(FieldDef::Text, texts.at(1));
-    record->setStringValue(FieldDef::List, texts.at(2));
-    record->setStringValue(FieldDef::MultiList, texts.at(3));
+    const int textTypes[] = { F::String, F::Text, F::List, F::MultiList };
+    for (int i = 0; i < 4; ++i)
+        record->setStringValue(textTypes[i], texts.at(i));
     record->setMemo(texts.at(4));
-    record->setIntValue(FieldDef::Integer, 42);
-    record->setIntValue(FieldDef::Count, 42);
-    record->setDoubleValue(FieldDef::Double, 42);
+    record->setIntValue(F::Integer, 42);
+    record->setIntValue(F::Count, 42);
+    record->setDoubleValue(F::Double, 42);
     record->setImage(QStringLiteral("42.png"));
-
-    const FilterCondition condition = textCondition(FilterCondition::AllTextFields, op, text);
-    QCOMPARE(condition.accept(*record, fields), expected);
+    QCOMPARE(condition(op, text, Op::AllTextFields).accept(*record, fields), expected);
 }
 
 void TestFilterCondition::fieldPastTheSchemaIsAnEmptyText()
 {
-    const QList<FieldDef> fields { fieldOf(FieldDef::String) };
+    const QList<FieldDef> fields { fieldOf(F::String) };
     auto record = recordFor(fields);
     record->setStringValue(0, QStringLiteral("abc"));
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression("field 3 is not one"));
-    QVERIFY(textCondition(3, Op::IsEmpty, QString()).accept(*record, fields));
+    QVERIFY(condition(Op::IsEmpty, QString(), 3).accept(*record, fields));
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression("field -4 is not one"));
-    QVERIFY(!textCondition(-4, Op::Contains, QStringLiteral("a")).accept(*record, fields));
+    QVERIFY(!condition(Op::Contains, QStringLiteral("a"), -4).accept(*record, fields));
 }
 
-void TestFilterCondition::operatorLabels_data()
-{
-    QTest::addColumn<int>("type");
-    QTest::addColumn<QStringList>("labels");
-
-    const QStringList text { "contains", "is (exactly)", "doesn't contain", "is empty",
-        "is not empty", "starts with", "ends with" };
-    const QStringList number { "equals", "not equal to", "is at most", "is at least",
-        "is more than", "is less than" };
-    const QStringList moment { "on", "on or after", "on or before" };
-    const QList<std::pair<int, QStringList>> rows {
-        { FieldDef::String, text },
-        { FieldDef::Integer, number },
-        { FieldDef::Double, number },
-        { FieldDef::Date, moment },
-        { FieldDef::Time, moment },
-        { FieldDef::DateTime, moment },
-        { FieldDef::Text, text },
-        { FieldDef::Memo, text },
-        { FieldDef::Reminder, { "have reminder" } },
-        { FieldDef::List, text },
-        { FieldDef::Bool, { "equals", "not equal to" } },
-        { FieldDef::Count, number },
-        { FieldDef::Image, { "have image" } },
-        { FieldDef::MultiList, text },
-        { FieldDef::Increment, number },
-        { -1, {} },
-        { FieldDef::TypeCount, {} },
-    };
-    for (const auto &[type, labels] : rows)
-        QTest::newRow(qPrintable(QString::number(type))) << type << labels;
-}
-
+// The chooser's labels by the chosen field: "All Text Fields" offers the text operators,
+// a field past the schema none.
 void TestFilterCondition::operatorLabels()
 {
-    QFETCH(int, type);
-    QFETCH(QStringList, labels);
-    QCOMPARE(FilterCondition::operatorLabels(type), labels);
-    QCOMPARE(FilterCondition::operatorLabel(type, int(labels.size()) - 1),
-        labels.value(labels.size() - 1));
-    QCOMPARE(FilterCondition::operatorLabel(type, int(labels.size())), QString());
-}
-
-void TestFilterCondition::labelsOfAllTextFields()
-{
-    const QList<FieldDef> fields { fieldOf(FieldDef::Bool) };
+    const QList<FieldDef> fields { fieldOf(F::Bool), fieldOf(F::Date) };
+    const QStringList text { "contains", "is (exactly)", "doesn't contain", "is empty",
+        "is not empty", "starts with", "ends with" };
     QCOMPARE(FilterCondition::allTextFieldsTitle(), QStringLiteral("All Text Fields"));
-    QCOMPARE(FilterCondition::operatorLabelsFor(FilterCondition::AllTextFields, fields),
-        FilterCondition::operatorLabels(FieldDef::String));
-    QCOMPARE(FilterCondition::operatorLabelsFor(0, fields),
-        FilterCondition::operatorLabels(FieldDef::Bool));
-    QCOMPARE(FilterCondition::operatorLabelsFor(1, fields), QStringList());
+    QCOMPARE(FilterCondition::operatorLabelsFor(Op::AllTextFields, fields), text);
+    QCOMPARE(
+        FilterCondition::operatorLabelsFor(0, fields), QStringList({ "equals", "not equal to" }));
+    QCOMPARE(FilterCondition::operatorLabelsFor(1, fields),
+        QStringList({ "on", "on or after", "on or before" }));
+    QCOMPARE(FilterCondition::operatorLabelsFor(2, fields), QStringList());
+    QCOMPARE(FilterCondition::operatorLabels(F::Reminder), QStringList { "have reminder" });
+    QCOMPARE(FilterCondition::operatorLabels(F::TypeCount), QStringList());
+    QCOMPARE(FilterCondition::operatorLabel(F::Integer, 5), QStringLiteral("is less than"));
+    QCOMPARE(FilterCondition::operatorLabel(F::Integer, 6), QString());
 }
 
 QTEST_GUILESS_MAIN(TestFilterCondition)
