@@ -28,7 +28,8 @@ public:
 
     PIMManager(const QString &folder, const QString &fileName, bool templates = false,
                bool headerOnly = false, PIMManager *relatedManager = nullptr);
-    // Saves first.
+    // Saves first. By then a subclass's overrides are gone, so a subclass that adds to the
+    // file (header items, its own record class) must call save() in its own destructor.
     ~PIMManager() override;
 
     QString fullPath() const;
@@ -137,12 +138,20 @@ protected:
 private:
     void clearRecords();
     void readText(QIODevice &device);
+    bool readTextHeader(QTextStream &stream);
     void readBinary(QIODevice &device);
+    qint64 prepareRecords(qint64 bytesLeft, qint64 minRecordBytes);
+    void checkRecordCount();
+    bool writePending(const QString &pending);
     bool writeText(QIODevice &device);
     bool writeBinary(QIODevice &device);
+    int storedTotal() const;
     bool copyRecordPart(QIODevice &device) const;
     bool keepDamagedOriginal();
-    void sortView();
+    void resortAfterChange();
+    void fillView();
+    qsizetype ascendingPosition(const PIMRecord *record) const;
+    qsizetype descendingPosition(const PIMRecord *record) const;
 
     QString m_fileName;
     QString m_folder;
@@ -167,6 +176,7 @@ private:
     int m_readFormatVersion = 0;
     QMap<QString, QString> m_properties;
     bool m_damaged = false;
+    bool m_damagedKept = false;   // the damaged original was copied aside already
     QString m_errorString;
 };
 

@@ -40,7 +40,8 @@ public:
     void removeProperty(const QString &key);
     const QMap<QString, QString> &properties() const { return m_properties; }
 
-    // Passing to the manager
+    // Passing to the manager. save() updates a record the manager holds, which deletes old
+    // (the copy from before the edit); otherwise it adds the record and leaves old alone.
     void save(PIMRecord *old);
     void remove();
     void select();
