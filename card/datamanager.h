@@ -1,0 +1,103 @@
+#ifndef DATAMANAGER_H
+#define DATAMANAGER_H
+
+#include "card/fielddef.h"
+#include "store/pimmanager.h"
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+class DataRecord;
+class FormulaEvaluator;
+
+// One open card: the record store of its file, its schema, named filters and views, its
+// description, icon and password. It keeps alarms of reminders registered, calculated
+// fields up to date, and restructures every record when the schema changes.
+class DataManager : public PIMManager
+{
+    Q_OBJECT
+
+public:
+    // The channel on which the alarms of reminders come back.
+    static const QByteArray alarmChannel;
+
+    explicit DataManager(const QString &path, bool templates = false, bool headerOnly = false);
+    // Saves while the header of a card can still be written.
+    ~DataManager() override;
+
+    PIMRecord *createRecord() override;
+    // A record filled from the field defaults, not yet added. Moves Increment counters.
+    DataRecord *newRecord();
+
+    // Schema. fields() renumbers every entry's origin to its position first, which is
+    // how setFields recognises the entries of an edited copy.
+    QList<FieldDef> fields() const;
+    // The list as it stands, without renumbering.
+    const QList<FieldDef> &fieldList() const { return m_fields; }
+    int fieldCount() const { return int(m_fields.size()); }
+    // The entry at i; a default FieldDef for an index out of range.
+    FieldDef field(int i) const;
+    // installOnly takes the list as it is, for a card without records yet. Otherwise the
+    // list is an edited copy of fields(): views, filters, records, formulas, the order of
+    // calculation and the sort column follow the fields to their new places.
+    void setFields(const QList<FieldDef> &list, bool installOnly = false);
+    QStringList fieldItems(int i) const;
+    void setFieldItems(int i, const QStringList &items);
+    void setFieldWidth(int i, int width);
+
+    QString description() const { return m_description; }
+    void setDescription(const QString &description);
+    QString icon() const { return m_icon; }
+    void setIcon(const QString &icon);
+    // Plain text; empty means the card is not locked.
+    QString password() const { return m_password; }
+    void setPassword(const QString &password);
+
+    // Evaluates the calculated fields of record in the order of the property "fs"; with a
+    // formula on the previous record ("fr" is "1") or a null record, walks on to the end.
+    void recalculate(DataRecord *record, bool touch);
+    void recalculateAll();
+
+    // The message of a record's alarm: the record's UID text rides in the message name.
+    static QByteArray alarmMessage(const PIMRecord *record);
+
+protected:
+    void writeHeader(QDataStream &stream) const override;
+    void readHeader(QDataStream &stream) override;
+    void resetHeader() override;
+    void recordAdding(PIMRecord *record) override;
+    void recordUpdated(PIMRecord *old, PIMRecord *record) override;
+    void recordRemoving(PIMRecord *record) override;
+    void prepareSort() override;
+    void makeSortKeys(PIMRecord *record) override;
+    bool sortKeysChanged(PIMRecord *old, PIMRecord *record) override;
+
+private:
+    static bool futureReminder(const DataRecord *record);
+    void addAlarm(const DataRecord *record);
+    void deleteAlarm(const DataRecord *record);
+
+    bool readFields(QDataStream &stream);
+    QString sortKey(const DataRecord *record, int column) const;
+    bool sortValueChanged(const DataRecord *old, const DataRecord *record, int column) const;
+
+    void fillDefault(DataRecord *record, int i);
+    QList<int> originMap(const QList<FieldDef> &list) const;
+    void remapViews(const QList<int> &map);
+    void remapFilters(const QList<int> &map);
+    void restructureRecords(const QList<int> &map, const QList<FieldDef> &list);
+    void rewriteFormulas(const QList<int> &map);
+    void updateCalculationOrder();
+    void moveSortColumn(const QList<int> &map);
+    void calculate(FormulaEvaluator &evaluator, DataRecord *record, const DataRecord *previous,
+                   bool firstOfWalk, const QList<int> &order);
+
+    mutable QList<FieldDef> m_fields;
+    QString m_description;
+    QString m_icon;
+    QString m_password;
+};
+
+#endif

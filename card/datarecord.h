@@ -1,0 +1,91 @@
+#ifndef DATARECORD_H
+#define DATARECORD_H
+
+#include "store/pimrecord.h"
+
+#include <QDate>
+#include <QDateTime>
+#include <QList>
+#include <QString>
+#include <QTime>
+
+#include <memory>
+#include <variant>
+
+class DataManager;
+class FieldDef;
+class Reminder;
+
+// One record of a card: one value slot for each field of its manager, plus the members
+// that stand for the single-instance fields Memo, Image and Reminder.
+class DataRecord : public PIMRecord
+{
+public:
+    // All slots unset, sized to the manager's field count (none without a manager).
+    explicit DataRecord(DataManager *manager);
+    // Same uid and time stamps; slots, memo, image and reminder are copied deeply.
+    DataRecord(const DataRecord &other);
+    DataRecord &operator=(const DataRecord &) = delete;
+    ~DataRecord() override;
+
+    int slotCount() const { return int(m_values.size()); }
+    bool isSet(int i) const;
+    void clearValue(int i);
+
+    // Each getter reads the slot as its own kind; an unset slot, an index out of range or
+    // a slot of another kind gives the null string, 0, an invalid date or time.
+    QString stringValue(int i) const;
+    int intValue(int i) const;
+    double doubleValue(int i) const;
+    QDate dateValue(int i) const;
+    QTime timeValue(int i) const;
+    QDateTime dateTimeValue(int i) const;
+
+    // Each setter replaces the slot's content; an index out of range is ignored.
+    void setStringValue(int i, const QString &text);
+    void setIntValue(int i, int value);
+    void setDoubleValue(int i, double value);
+    void setDateValue(int i, const QDate &date);
+    void setTimeValue(int i, const QTime &time);
+    void setDateTimeValue(int i, const QDateTime &dateTime);
+
+    QString memo() const { return m_memo; }
+    void setMemo(const QString &memo) { m_memo = memo; }
+
+    bool hasImage() const { return !m_image.isEmpty(); }
+    QString image() const { return m_image; }
+    // Also marks the manager changed.
+    void setImage(const QString &reference);
+
+    bool hasReminder() const { return m_reminder != nullptr; }
+    const Reminder *reminder() const { return m_reminder.get(); }
+    Reminder *reminder() { return m_reminder.get(); }
+    // Takes ownership; null removes the reminder.
+    void setReminder(Reminder *reminder);
+
+    // The slots by the field types of the manager, then memo, image and the reminder.
+    void write(QDataStream &stream) const override;
+    void read(QDataStream &stream) override;
+
+    // Rebuilds the slots for a changed schema: map[i] is the new index of old field i, or
+    // -1 if it went away. A slot moves only if its value survives the type change.
+    void restructure(
+        const QList<int> &map, const QList<FieldDef> &oldFields, const QList<FieldDef> &newFields);
+
+private:
+    using Value = std::variant<std::monostate, QString, double, QDate, QTime, QDateTime>;
+
+    template <typename T> T slot(int i) const;
+    void setSlot(int i, Value value);
+    QList<FieldDef> fieldList() const;
+    void writeSlot(QDataStream &stream, int i, int type) const;
+    void readSlot(QDataStream &stream, int i, int type);
+    void readReminder(QDataStream &stream);
+
+    QList<Value> m_values;
+    QString m_memo;
+    QString m_image;
+    std::unique_ptr<Reminder> m_reminder;
+};
+
+#endif
