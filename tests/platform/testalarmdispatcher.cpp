@@ -1,0 +1,136 @@
+#include "helperprocess.h"
+#include "platform/alarmdispatcher.h"
+#include "platform/alarmserver.h"
+#include "platform/alarmtable.h"
+#include "platform/qcopchannel.h"
+#include "support/testhome.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QSignalSpy>
+#include <QTest>
+
+class TestAlarmDispatcher : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void deliveredWhenDue();
+    void missedAlarmDeliveredAtStart();
+    void alarmOfAnotherProcessPickedUp();
+    void damagedFileAbsorbed();
+    void nothingBeforeStart();
+};
+
+namespace
+{
+const QByteArray channelName = QByteArrayLiteral("test/alarms");
+
+struct Delivered {
+    QDateTime when;
+    int data = 0;
+};
+
+Delivered decode(const QByteArray &bytes)
+{
+    Delivered d;
+    QDataStream in(bytes);
+    in >> d.when >> d.data;
+    return d;
+}
+
+int storedCount()
+{
+    AlarmTable table;
+    return int(table.alarms().size());
+}
+} // namespace
+
+void TestAlarmDispatcher::deliveredWhenDue()
+{
+    TestHome home;
+    const QDateTime when = QDateTime::currentDateTime().addMSecs(1000);
+    QVERIFY(AlarmServer::addAlarm(when, channelName, "alarm(QDateTime,int)x", 7));
+    QCopChannel channel(channelName);
+    QSignalSpy spy(&channel, &QCopChannel::received);
+    AlarmDispatcher dispatcher;
+    dispatcher.start();
+
+    QVERIFY(spy.wait(5000));
+    QVERIFY(QDateTime::currentDateTime() >= when);
+    QCOMPARE(spy.count(), 1);
+    QCOMPARE(spy.at(0).at(0).toByteArray(), QByteArrayLiteral("alarm(QDateTime,int)x"));
+    const Delivered d = decode(spy.at(0).at(1).toByteArray());
+    QCOMPARE(d.when, when);
+    QCOMPARE(d.data, 7);
+    QCOMPARE(storedCount(), 0);
+}
+
+void TestAlarmDispatcher::missedAlarmDeliveredAtStart()
+{
+    TestHome home;
+    const QDateTime now = QDateTime::currentDateTime();
+    QVERIFY(AlarmServer::addAlarm(now.addSecs(-3600), channelName, "older()", 0));
+    QVERIFY(AlarmServer::addAlarm(now.addSecs(-60), channelName, "newer()", 0));
+    QVERIFY(AlarmServer::addAlarm(now.addSecs(3600), channelName, "future()", 0));
+    QCopChannel channel(channelName);
+    QSignalSpy spy(&channel, &QCopChannel::received);
+    AlarmDispatcher dispatcher;
+    dispatcher.start();
+    QTRY_COMPARE_WITH_TIMEOUT(spy.count(), 2, 3000);
+    QCOMPARE(spy.at(0).at(0).toByteArray(), QByteArrayLiteral("older()"));
+    QCOMPARE(spy.at(1).at(0).toByteArray(), QByteArrayLiteral("newer()"));
+    QCOMPARE(storedCount(), 1);
+}
+
+void TestAlarmDispatcher::alarmOfAnotherProcessPickedUp()
+{
+    TestHome home;
+    QCopChannel channel(channelName);
+    QSignalSpy spy(&channel, &QCopChannel::received);
+    AlarmDispatcher dispatcher;
+    dispatcher.start();
+    QTest::qWait(100);
+    QCOMPARE(HelperProcess::run(home.path(),
+                 { QStringLiteral("alarm"), QStringLiteral("500"), QString::fromLatin1(channelName),
+                     QStringLiteral("cli()"), QStringLiteral("3") }),
+        0);
+    // Well within the capped wait: the change of the file is what schedules it.
+    QVERIFY(spy.count() == 1 || spy.wait(5000));
+    QCOMPARE(spy.at(0).at(0).toByteArray(), QByteArrayLiteral("cli()"));
+    QCOMPARE(decode(spy.at(0).at(1).toByteArray()).data, 3);
+}
+
+void TestAlarmDispatcher::damagedFileAbsorbed()
+{
+    TestHome home;
+    {
+        QFile file(AlarmTable::defaultFileName());
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(QByteArray("\xff\xfe\0garbage\t\t\n", 13));
+        file.write("2001-01-01T00:00:00.000Z\ttest%2Falarms\told()\t1\n");
+        file.write(QByteArray(5000, '\t'));
+    }
+    QCopChannel channel(channelName);
+    QSignalSpy spy(&channel, &QCopChannel::received);
+    AlarmDispatcher dispatcher;
+    dispatcher.start();
+    QVERIFY(spy.wait(3000));
+    QCOMPARE(spy.at(0).at(0).toByteArray(), QByteArrayLiteral("old()"));
+    QCOMPARE(storedCount(), 0);
+}
+
+void TestAlarmDispatcher::nothingBeforeStart()
+{
+    TestHome home;
+    QVERIFY(AlarmServer::addAlarm(QDateTime::currentDateTime().addSecs(-5), channelName, "m()", 0));
+    QCopChannel channel(channelName);
+    QSignalSpy spy(&channel, &QCopChannel::received);
+    AlarmDispatcher dispatcher;
+    QTest::qWait(200);
+    QCOMPARE(spy.count(), 0);
+    QCOMPARE(storedCount(), 1);
+}
+
+QTEST_GUILESS_MAIN(TestAlarmDispatcher)
+#include "testalarmdispatcher.moc"
