@@ -1,7 +1,13 @@
-#include <QApplication>
+#include "app/mrlapplication.h"
+#include "app/mrldb.h"
 
 int main(int argc, char **argv)
 {
-    QApplication app(argc, argv);
-    return 0;
+    MRLApplication app(argc, argv, QStringLiteral("norvika"));
+    // A second start hands its document to the program already running, and ends.
+    if (app.forwardToRunningInstance())
+        return 0;
+    MRLDB window;
+    app.showMainDocumentWidget(&window, false);
+    return app.exec();
 }

@@ -1,0 +1,18 @@
+#ifndef ABOUTDIALOG_H
+#define ABOUTDIALOG_H
+
+#include <QDialog>
+
+class QPixmap;
+
+// A modal box that says what a program is: a picture beside a rich text, and "Ok".
+class AboutDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    AboutDialog(const QPixmap &picture, const QString &caption, const QString &richText,
+        QWidget *parent = nullptr);
+};
+
+#endif

@@ -1,0 +1,209 @@
+#include "app/mrlapplication.h"
+#include "platform/config.h"
+#include "platform/datetimesettings.h"
+#include "platform/platformpaths.h"
+#include "support/testhome.h"
+
+#include <QDialog>
+#include <QDir>
+#include <QFile>
+#include <QSignalSpy>
+#include <QStyle>
+#include <QTemporaryDir>
+#include <QtTest>
+
+// The application object: its date and clock getters, their change signal, the screen
+// class and the style library. The object is made once in main(), with a share folder
+// that holds a style library and a home without any "mrl" settings.
+class TestMRLApplication : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit TestMRLApplication(const QString &share)
+        : m_share(share)
+    {
+    }
+
+private Q_SLOTS:
+    void init();
+    void isTheOneInstance();
+    void noStyleEntryLeavesTheLibraryAlone();
+    void desktopIsNeitherHighNorLowResolution();
+    void gettersReadTheSettingsOnce();
+    void aChangeIsSignalledOnce_data();
+    void aChangeIsSignalledOnce();
+    void platformChangesAreFollowed();
+    void showDialogMaximizesOnlyWhenAsked();
+    void otherMessagesAreIgnored();
+    void missingLibraryLeavesTheStyle();
+    void applyMRLStyleLoadsTheLibrary();
+
+private:
+    static void writeDateSettings(const QString &separator, bool ampm);
+    QString libraryFile() const { return m_share + QStringLiteral("/lib/libmrlstyle.so"); }
+
+    QString m_share;
+};
+
+namespace
+{
+MRLApplication *app()
+{
+    return MRLApplication::instance();
+}
+} // namespace
+
+void TestMRLApplication::init()
+{
+    DateTimeSettings::instance()->invalidate();
+}
+
+void TestMRLApplication::writeDateSettings(const QString &separator, bool ampm)
+{
+    Config qpe(QStringLiteral("qpe"));
+    qpe.setGroup(QStringLiteral("Time"));
+    qpe.writeEntry(QStringLiteral("AMPM"), ampm);
+    qpe.writeEntry(QStringLiteral("MONDAY"), true);
+    qpe.setGroup(QStringLiteral("Date"));
+    qpe.writeEntry(QStringLiteral("Separator"), separator);
+    qpe.writeEntry(QStringLiteral("ShortOrder"), 100);
+    qpe.writeEntry(QStringLiteral("LongOrder"), 200);
+}
+
+void TestMRLApplication::isTheOneInstance()
+{
+    QVERIFY(app());
+    QCOMPARE(app(), qApp);
+    QCOMPARE(app()->objectName(), QStringLiteral("norvika"));
+}
+
+void TestMRLApplication::noStyleEntryLeavesTheLibraryAlone()
+{
+    QVERIFY(QFile::exists(libraryFile()));
+    QVERIFY(!app()->isStyleLibraryLoaded());
+    QVERIFY(app()->style()->objectName() != QLatin1String("xp"));
+}
+
+void TestMRLApplication::desktopIsNeitherHighNorLowResolution()
+{
+    QVERIFY(!MRLApplication::isHighResolution());
+    QVERIFY(!MRLApplication::isLowResolution());
+}
+
+void TestMRLApplication::gettersReadTheSettingsOnce()
+{
+    TestHome home;
+    writeDateSettings(QStringLiteral("-"), false);
+    QCOMPARE(app()->dateSeparator(), QLatin1Char('-'));
+    QCOMPARE(app()->ampm(), false);
+    QCOMPARE(app()->mondayFirst(), true);
+    QCOMPARE(app()->shortOrder(), 100);
+    QCOMPARE(app()->longOrder(), 200);
+
+    writeDateSettings(QStringLiteral("."), true);
+    QCOMPARE(app()->dateSeparator(), QLatin1Char('-'));
+    QCOMPARE(app()->ampm(), false);
+}
+
+void TestMRLApplication::aChangeIsSignalledOnce_data()
+{
+    QTest::addColumn<QString>("separator");
+    QTest::addColumn<bool>("ampm");
+    QTest::addColumn<int>("emitted");
+
+    QTest::newRow("separator changed") << "." << false << 1;
+    QTest::newRow("clock changed") << "-" << true << 1;
+    QTest::newRow("nothing changed") << "-" << false << 0;
+}
+
+void TestMRLApplication::aChangeIsSignalledOnce()
+{
+    QFETCH(QString, separator);
+    QFETCH(bool, ampm);
+    QFETCH(int, emitted);
+
+    TestHome home;
+    writeDateSettings(QStringLiteral("-"), false);
+    app()->updateDateTimeFormats();
+    QSignalSpy spy(app(), &MRLApplication::dateTimeSettingChanged);
+
+    writeDateSettings(separator, ampm);
+    app()->updateDateTimeFormats();
+    QCOMPARE(spy.count(), emitted);
+    QCOMPARE(app()->dateSeparator(), separator.at(0));
+    app()->updateDateTimeFormats();
+    QCOMPARE(spy.count(), emitted);
+}
+
+void TestMRLApplication::platformChangesAreFollowed()
+{
+    TestHome home;
+    writeDateSettings(QStringLiteral("-"), false);
+    app()->updateDateTimeFormats();
+    QSignalSpy spy(app(), &MRLApplication::dateTimeSettingChanged);
+    writeDateSettings(QStringLiteral("/"), false);
+    Q_EMIT app()->clockChanged(false);
+    QCOMPARE(spy.count(), 1);
+    QCOMPARE(app()->dateSeparator(), QLatin1Char('/'));
+}
+
+void TestMRLApplication::showDialogMaximizesOnlyWhenAsked()
+{
+    QDialog left;
+    MRLApplication::showDialog(&left, false);
+    QVERIFY(!left.isVisible());
+    QVERIFY(!(left.windowState() & Qt::WindowMaximized));
+
+    QDialog maximized;
+    MRLApplication::showDialog(&maximized, true);
+    QVERIFY(maximized.isVisible());
+    QVERIFY(maximized.windowState() & Qt::WindowMaximized);
+}
+
+void TestMRLApplication::otherMessagesAreIgnored()
+{
+    app()->mrlAppReceive("setDocument(QString)", QByteArray());
+    app()->mrlAppReceive("applyMRLStyle", QByteArray());
+    QVERIFY(!app()->isStyleLibraryLoaded());
+}
+
+void TestMRLApplication::missingLibraryLeavesTheStyle()
+{
+    const QString aside = libraryFile() + QStringLiteral(".aside");
+    QVERIFY(QFile::rename(libraryFile(), aside));
+    const QString before = app()->style()->objectName();
+    QTest::ignoreMessage(QtDebugMsg, QRegularExpression(QStringLiteral("libmrlstyle\\.so")));
+    app()->mrlAppReceive("applyMRLStyle()", QByteArray());
+    QVERIFY(!app()->isStyleLibraryLoaded());
+    QCOMPARE(app()->style()->objectName(), before);
+    QVERIFY(QFile::rename(aside, libraryFile()));
+}
+
+void TestMRLApplication::applyMRLStyleLoadsTheLibrary()
+{
+    QTest::ignoreMessage(QtDebugMsg, "Load mrlStyle library");
+    app()->mrlAppReceive("applyMRLStyle()", QByteArray());
+    QVERIFY(app()->isStyleLibraryLoaded());
+    QCOMPARE(app()->style()->objectName(), QStringLiteral("xp"));
+}
+
+int main(int argc, char **argv)
+{
+    QTemporaryDir home;
+    QTemporaryDir share;
+    if (!home.isValid() || !share.isValid())
+        return 1;
+    PlatformPaths::setHomeRoot(home.path());
+    qputenv("NORVIKA_SHARE", QFile::encodeName(share.path()));
+    QDir().mkpath(share.filePath(QStringLiteral("lib")));
+    if (!QFile::copy(QStringLiteral(MRLSTYLE_TEST_LIBRARY),
+            share.filePath(QStringLiteral("lib/libmrlstyle.so"))))
+        return 1;
+
+    MRLApplication application(argc, argv, QStringLiteral("norvika"));
+    TestMRLApplication test(share.path());
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "testmrlapplication.moc"
