@@ -35,7 +35,8 @@ DBManager::~DBManager()
 
 QString DBManager::listFileName(bool extended)
 {
-    return MRLPIM::applicationName() + (extended ? QStringLiteral("IDX_EXT") : QStringLiteral("IDX"));
+    return MRLPIM::applicationName()
+        + (extended ? QStringLiteral("IDX_EXT") : QStringLiteral("IDX"));
 }
 
 PIMRecord *DBManager::createRecord()

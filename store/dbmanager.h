@@ -91,7 +91,7 @@ private:
     static void renewRecordIdentities(const QString &path);
 
     bool m_extended;
-    QStringList m_paths;   // the "I=" lines of the device list
+    QStringList m_paths; // the "I=" lines of the device list
 };
 
 #endif

@@ -21,9 +21,12 @@ void TestPasswordHash::roundTrip_data()
     QTest::addColumn<QString>("password");
     QTest::addColumn<QString>("wrong");
 
-    QTest::newRow("latin") << "secret" << "Secret";
-    QTest::newRow("empty") << "" << " ";
-    QTest::newRow("non-latin") << "пароль密码" << "пароль";
+    QTest::newRow("latin") << "secret"
+                           << "Secret";
+    QTest::newRow("empty") << ""
+                           << " ";
+    QTest::newRow("non-latin") << "пароль密码"
+                               << "пароль";
     QTest::newRow("long") << QString(200, QLatin1Char('k')) << QString(199, QLatin1Char('k'));
 }
 
@@ -40,7 +43,8 @@ void TestPasswordHash::roundTrip()
 void TestPasswordHash::form()
 {
     const QString hash = PasswordHash::hashPassword(QStringLiteral("x"));
-    static const QRegularExpression md5Crypt(QStringLiteral("^\\$1\\$[a-z]{8}\\$[./0-9A-Za-z]{22}$"));
+    static const QRegularExpression md5Crypt(
+        QStringLiteral("^\\$1\\$[a-z]{8}\\$[./0-9A-Za-z]{22}$"));
     QVERIFY2(md5Crypt.match(hash).hasMatch(), qPrintable(hash));
 }
 
