@@ -1,13 +1,17 @@
 #include "cli/cliapp.h"
 
 #include "cli/clicommand.h"
+#include "cli/listcommand.h"
 #include "platform/platformpaths.h"
 
 #include <QTextStream>
 
 #include <cstdio>
 
-CliApp::CliApp() = default;
+CliApp::CliApp()
+{
+    m_commands.push_back(std::make_unique<ListCommand>());
+}
 
 CliApp::~CliApp() = default;
 
