@@ -55,6 +55,8 @@ MRLDB::MRLDB(QWidget *parent)
     createToolBar();
     createPanes();
     selectionCleared();
+    // The size of a window that is not maximized: room for a list of several columns.
+    resize(640, 480);
 }
 
 MRLDB::~MRLDB()

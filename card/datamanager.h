@@ -3,6 +3,8 @@
 
 #include "card/fielddef.h"
 #include "store/pimmanager.h"
+#include "views/filterdef.h"
+#include "views/viewdef.h"
 
 #include <QByteArray>
 #include <QList>
@@ -47,6 +49,22 @@ public:
     void setFieldItems(int i, const QStringList &items);
     void setFieldWidth(int i, int width);
 
+    // Named filters. A current filter of -1 lets every record pass, -2 is the ad hoc filter
+    // of a find, and an index past the list counts as none.
+    QList<FilterDef> filters() const { return m_filters; }
+    void setFilters(const QList<FilterDef> &list);
+    int currentFilter() const { return m_currentFilter; }
+    void setCurrentFilter(int index);
+    FilterDef adHocFilter() const { return m_adHocFilter; }
+    void setAdHocFilter(const FilterDef &filter);
+
+    // Named views; -1 is the default view of all fields.
+    QList<ViewDef> views() const { return m_views; }
+    void setViews(const QList<ViewDef> &list);
+    int currentView() const { return m_currentView; }
+    // Applies the view's sort and selects the filter it names, if there is one.
+    void setCurrentView(int index);
+
     QString description() const { return m_description; }
     void setDescription(const QString &description);
     QString icon() const { return m_icon; }
@@ -64,6 +82,7 @@ public:
     static QByteArray alarmMessage(const PIMRecord *record);
 
 protected:
+    bool accept(PIMRecord *record) override;
     void writeHeader(QDataStream &stream) const override;
     void readHeader(QDataStream &stream) override;
     void resetHeader() override;
@@ -80,6 +99,8 @@ private:
     void deleteAlarm(const DataRecord *record);
 
     bool readFields(QDataStream &stream);
+    bool readFilters(QDataStream &stream);
+    bool readViews(QDataStream &stream);
     QString sortKey(const DataRecord *record, int column) const;
     bool sortValueChanged(const DataRecord *old, const DataRecord *record, int column) const;
 
@@ -92,9 +113,14 @@ private:
     void updateCalculationOrder();
     void moveSortColumn(const QList<int> &map);
     void calculate(FormulaEvaluator &evaluator, DataRecord *record, const DataRecord *previous,
-                   bool firstOfWalk, const QList<int> &order);
+        bool firstOfWalk, const QList<int> &order);
 
     mutable QList<FieldDef> m_fields;
+    QList<FilterDef> m_filters;
+    QList<ViewDef> m_views;
+    int m_currentFilter = -1;
+    int m_currentView = -1;
+    FilterDef m_adHocFilter;
     QString m_description;
     QString m_icon;
     QString m_password;

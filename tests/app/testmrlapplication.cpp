@@ -2,6 +2,7 @@
 #include "platform/config.h"
 #include "platform/datetimesettings.h"
 #include "platform/platformpaths.h"
+#include "platform/qcopchannel.h"
 #include "support/testhome.h"
 
 #include <QDialog>
@@ -33,6 +34,7 @@ private Q_SLOTS:
     void gettersReadTheSettingsOnce();
     void aChangeIsSignalledOnce_data();
     void aChangeIsSignalledOnce();
+    void platformChangesAreFollowed_data();
     void platformChangesAreFollowed();
     void showDialogMaximizesOnlyWhenAsked();
     void otherMessagesAreIgnored();
@@ -136,14 +138,29 @@ void TestMRLApplication::aChangeIsSignalledOnce()
     QCOMPARE(spy.count(), emitted);
 }
 
+void TestMRLApplication::platformChangesAreFollowed_data()
+{
+    QTest::addColumn<QString>("signal");
+    QTest::newRow("clock") << "clock";
+    QTest::newRow("date format") << "date format";
+    QTest::newRow("week") << "week";
+}
+
 void TestMRLApplication::platformChangesAreFollowed()
 {
+    QFETCH(QString, signal);
+
     TestHome home;
     writeDateSettings(QStringLiteral("-"), false);
     app()->updateDateTimeFormats();
     QSignalSpy spy(app(), &MRLApplication::dateTimeSettingChanged);
     writeDateSettings(QStringLiteral("/"), false);
-    Q_EMIT app()->clockChanged(false);
+    if (signal == QLatin1String("clock"))
+        Q_EMIT app()->clockChanged(false);
+    else if (signal == QLatin1String("date format"))
+        Q_EMIT app()->dateFormatChanged(DateFormat());
+    else
+        Q_EMIT app()->weekChanged(true);
     QCOMPARE(spy.count(), 1);
     QCOMPARE(app()->dateSeparator(), QLatin1Char('/'));
 }
@@ -183,8 +200,8 @@ void TestMRLApplication::missingLibraryLeavesTheStyle()
 void TestMRLApplication::applyMRLStyleLoadsTheLibrary()
 {
     QTest::ignoreMessage(QtDebugMsg, "Load mrlStyle library");
-    app()->mrlAppReceive("applyMRLStyle()", QByteArray());
-    QVERIFY(app()->isStyleLibraryLoaded());
+    QVERIFY(QCopChannel::send("QPE/System", "applyMRLStyle()"));
+    QTRY_VERIFY(app()->isStyleLibraryLoaded());
     QCOMPARE(app()->style()->objectName(), QStringLiteral("xp"));
 }
 

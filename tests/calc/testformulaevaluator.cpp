@@ -238,7 +238,8 @@ void TestFormulaEvaluator::references_data()
     QTest::newRow("foo reads field 0") << "foo(1)" << 10.0 << true;
     QTest::newRow("two points read field 0") << "1.2.3" << 10.0 << true;
     QTest::newRow("brackets without F") << "[12]" << 30.0 << true;
-    QTest::newRow("token unchecked") << "F3]]" << 40.0 << true;
+    QTest::newRow("token unchecked") << "F]3]" << 40.0 << true;
+    QTest::newRow("index read from the third character") << "F3]]" << 10.0 << true;
     QTest::newRow("unreadable index reads field 0") << "[Fx]" << 10.0 << true;
     QTest::newRow("field past the end") << "[F9]" << 0.0 << true;
     QTest::newRow("index too large") << "[F99999999999]" << 10.0 << true;

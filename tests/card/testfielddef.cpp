@@ -19,7 +19,6 @@ private Q_SLOTS:
     void truncation_data();
     void truncation();
     void streamRoundTrip();
-    void streamBytes();
     void hugeItemCountIsRefused();
 };
 
@@ -152,28 +151,6 @@ void TestFieldDef::streamRoundTrip()
     QCOMPARE(read, field);
     QCOMPARE(read.origin, -1);
     QVERIFY(in.atEnd());
-}
-
-void TestFieldDef::streamBytes()
-{
-    FieldDef field;
-    field.title = QStringLiteral("N");
-    field.type = FieldDef::Integer;
-    field.items = { QStringLiteral("x") };
-    QByteArray bytes;
-    QDataStream out(&bytes, QIODevice::WriteOnly);
-    BinaryFormat::prepare(out);
-    field.write(out);
-    const QByteArray expected = QByteArray::fromHex("00000002004e" // title "N"
-                                                    "ffffffff" // label: null
-                                                    "00000001" // type Integer
-                                                    "ffffffff" // formula
-                                                    "ffffffff" // default
-                                                    "ffffffff" // format
-                                                    "00000001"
-                                                    "000000020078" // items
-                                                    "ffffffff"); // width -1
-    QCOMPARE(bytes.toHex(), expected.toHex());
 }
 
 void TestFieldDef::hugeItemCountIsRefused()
