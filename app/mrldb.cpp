@@ -1,12 +1,23 @@
 #include "app/mrldb.h"
 
+#include "app/dbdialog.h"
+#include "app/dbflows.h"
 #include "app/mrlapplication.h"
+#include "app/passworddialog2.h"
 #include "app/resourceicons.h"
+#include "card/datamanager.h"
+#include "card/datarecord.h"
 #include "lib/qt/mrlaction.h"
 #include "platform/config.h"
+#include "store/dbmanager.h"
+#include "store/dbrecord.h"
+#include "views/listview.h"
 
+#include <QElapsedTimer>
+#include <QFileInfo>
 #include <QMenu>
 #include <QPlainTextEdit>
+#include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -51,9 +62,12 @@ const ActionRow cardActions[] = {
 MRLDB::MRLDB(QWidget *parent)
     : MRLMainWindow(parent)
 {
+    createCardList();
     createActions();
+    connectCardActions();
     createToolBar();
     createPanes();
+    createRecordList();
     selectionCleared();
     // The size of a window that is not maximized: room for a list of several columns.
     resize(640, 480);
@@ -62,6 +76,8 @@ MRLDB::MRLDB(QWidget *parent)
 MRLDB::~MRLDB()
 {
     writeOptions();
+    closeCard();
+    delete cardList;
 }
 
 void MRLDB::createActions()
@@ -194,8 +210,11 @@ void MRLDB::selected(PIMRecord *record)
     if (!record)
         return;
     setRecordActionsEnabled(true);
-    if (!memoEdit->isHidden())
+    if (!memoEdit->isHidden()) {
+        const QSignalBlocker blocker(memoEdit);
+        memoEdit->setPlainText(static_cast<const DataRecord *>(record)->memo());
         memoEdit->setEnabled(true);
+    }
 }
 
 void MRLDB::selectionCleared()
@@ -220,15 +239,24 @@ void MRLDB::raiseMainWindow()
     activateWindow();
 }
 
+// A card left open at the last hide comes back without a question; otherwise, or when its
+// file is gone, the chooser comes up.
 void MRLDB::showEvent(QShowEvent *event)
 {
     MRLMainWindow::showEvent(event);
     readOptions();
+    const QString path = cardSetting();
+    if (path.isEmpty() || !QFileInfo::exists(path))
+        QTimer::singleShot(deferMilliseconds, this, &MRLDB::dbSelect);
+    else
+        openCard(path);
 }
 
 void MRLDB::hideEvent(QHideEvent *event)
 {
     MRLMainWindow::hideEvent(event);
+    if (manager)
+        manager->save();
     writeOptions();
 }
 
@@ -248,4 +276,211 @@ void MRLDB::writeOptions()
     config.setGroup(QStringLiteral("Options"));
     config.writeEntry(QStringLiteral("memo"), !memoEdit->isHidden());
     config.writeEntry(QStringLiteral("zoom"), listPlace->font().pointSize());
+}
+
+// ---- The card road ------------------------------------------------------------------------
+
+void MRLDB::createCardList()
+{
+    cardList = new DBManager(false);
+    cardList->load();
+}
+
+void MRLDB::connectCardActions()
+{
+    const struct {
+        const char *name;
+        void (MRLDB::*slot)();
+    } commands[] = {
+        { "db", &MRLDB::dbSelect },
+        { "newdb", &MRLDB::dbNew },
+        { "modify", &MRLDB::doEditCard },
+        { "remove", &MRLDB::doRemoveCard },
+    };
+    for (const auto &command : commands)
+        connect(action(QString::fromLatin1(command.name)), &QAction::triggered, this, command.slot);
+    action(QStringLiteral("db"))->setEnabled(true);
+    action(QStringLiteral("newdb"))->setEnabled(true);
+}
+
+// The details and the deletion of a card are those of the open one.
+void MRLDB::setCardActionsEnabled(bool enabled)
+{
+    action(QStringLiteral("modify"))->setEnabled(enabled);
+    action(QStringLiteral("remove"))->setEnabled(enabled);
+}
+
+void MRLDB::createRecordList()
+{
+    recordList = new ListView(listPlace);
+    listPlace->layout()->addWidget(recordList);
+    recordList->setPaged(true);
+    Config config(qApp->objectName());
+    config.setGroup(QStringLiteral("Options"));
+    recordList->setColorMode(config.readNumEntry(QStringLiteral("colormode"), 1));
+    connect(recordList, &PIMListView::selectionCleared, this, &MRLDB::selectionCleared);
+    connect(recordList, &PIMListView::selected, this, &MRLDB::selected);
+    recordList->setFocus();
+}
+
+QString MRLDB::cardSetting() const
+{
+    Config config(qApp->objectName());
+    config.setGroup(QStringLiteral("Options"));
+    return config.readEntry(QStringLiteral("card"));
+}
+
+// An empty path removes the entry: an opening that does not complete then leads to the
+// chooser at the next start.
+void MRLDB::setCardSetting(const QString &path)
+{
+    Config config(qApp->objectName());
+    config.setGroup(QStringLiteral("Options"));
+    if (path.isEmpty())
+        config.removeEntry(QStringLiteral("card"));
+    else
+        config.writeEntry(QStringLiteral("card"), path);
+    config.write();
+}
+
+// Deleting the manager saves the card.
+void MRLDB::closeCard()
+{
+    if (!manager)
+        return;
+    DataManager *card = std::exchange(manager, nullptr);
+    card->disconnect(this);
+    card->disconnect(recordList);
+    recordList->unsetManager();
+    delete card;
+    setWindowTitle(qApp->objectName());
+    setCardActionsEnabled(false);
+    selectionCleared();
+}
+
+QString MRLDB::firstAvailableCard() const
+{
+    for (PIMRecord *record : cardList->view()) {
+        auto *entry = static_cast<DBRecord *>(record);
+        cardList->refresh(entry);
+        if (cardList->isAvailable(entry))
+            return entry->path();
+    }
+    return QString();
+}
+
+void MRLDB::openCard(const QString &path)
+{
+    setCardSetting(QString());
+    closeCard();
+    const QString wanted = path.isEmpty() ? firstAvailableCard() : path;
+    DBRecord *entry = wanted.isEmpty() ? nullptr : cardList->findByPath(wanted);
+    if (!entry) {
+        QTimer::singleShot(deferMilliseconds, this, &MRLDB::dbSelect);
+        return;
+    }
+    cardList->refreshAll();
+    bool cancelled = false;
+    entry = PasswordDialog2::authorize(cardList, entry, cancelled, this);
+    if (cancelled) {
+        QTimer::singleShot(deferMilliseconds, this, &MRLDB::dbSelect);
+        return;
+    }
+    // A wrong password ends the program, not just this attempt.
+    if (!entry) {
+        QTimer::singleShot(deferMilliseconds, this, &QWidget::close);
+        return;
+    }
+    // Loading a file that is gone would make an empty card, and closing would save it.
+    if (!cardList->isAvailable(entry)) {
+        QTimer::singleShot(deferMilliseconds, this, &MRLDB::dbSelect);
+        return;
+    }
+    setWindowTitle(tr("Card : %1").arg(entry->title()));
+    manager = new DataManager(entry->path());
+    QElapsedTimer timer;
+    timer.start();
+    manager->load();
+    qDebug("%d", int(timer.elapsed()));
+    showCard();
+    setCardSetting(entry->path());
+}
+
+// The columns are the current view's, or every field when no view is chosen.
+void MRLDB::showCard()
+{
+    const QList<FieldDef> fields = manager->fields();
+    const QList<ViewDef> views = manager->views();
+    const int view = manager->currentView();
+    QList<int> columns;
+    if (view >= 0 && view < views.size()) {
+        columns = views.at(view).columns;
+    } else {
+        for (int i = 0; i < fields.size(); ++i)
+            columns << i;
+    }
+    recordList->bind(manager, fields, columns);
+    setCardActionsEnabled(true);
+
+    const bool hasMemo = std::any_of(fields.cbegin(), fields.cend(),
+        [](const FieldDef &field) { return field.type == FieldDef::Memo; });
+    action(QStringLiteral("memo"))->setEnabled(hasMemo);
+    if (!hasMemo) {
+        memoEdit->hide();
+        action(QStringLiteral("memo"))->setChecked(false);
+    }
+}
+
+void MRLDB::dbSelect()
+{
+    setCardSetting(QString());
+    QString path;
+    if (manager) {
+        path = manager->fullPath();
+        closeCard();
+    }
+    {
+        DBDialog dialog(cardList, path, this);
+        if (dialog.exec() == QDialog::Accepted && !dialog.selectedPath().isEmpty())
+            path = dialog.selectedPath();
+    }
+    // With no card there is nothing to show.
+    if (cardList->count() == 0) {
+        QTimer::singleShot(deferMilliseconds, this, &QWidget::close);
+        return;
+    }
+    openCard(path);
+}
+
+void MRLDB::dbNew()
+{
+    if (DBRecord *record = DBFlows::newCard(cardList, this))
+        openCard(record->path());
+}
+
+void MRLDB::doEditCard()
+{
+    if (!manager)
+        return;
+    DBRecord *entry = cardList->findByPath(manager->fullPath());
+    if (!entry)
+        return;
+    // Saved first, so that closing it afterwards writes nothing over the header the flow
+    // wrote, nor a file at the place it moved from.
+    manager->save();
+    DBFlows::editCard(cardList, entry, this);
+    openCard(entry->path());
+}
+
+void MRLDB::doRemoveCard()
+{
+    if (!manager)
+        return;
+    DBRecord *entry = cardList->findByPath(manager->fullPath());
+    if (!entry)
+        return;
+    // Saved first, so that closing it writes no file where the card was deleted.
+    manager->save();
+    if (DBFlows::deleteCard(cardList, entry, this))
+        dbSelect();
 }

@@ -3,7 +3,9 @@
 
 #include "app/mrlmainwindow.h"
 
+class DBManager;
 class DataManager;
+class ListView;
 class PIMRecord;
 class QMenu;
 class QPlainTextEdit;
@@ -17,6 +19,10 @@ class MRLDB : public MRLMainWindow
     Q_OBJECT
 
 public:
+    // The delay of the chooser or of the end after a failed opening, so that a running
+    // dialog or menu closes first.
+    static constexpr int deferMilliseconds = 400;
+
     explicit MRLDB(QWidget *parent = nullptr);
     // Writes the options.
     ~MRLDB() override;
@@ -24,9 +30,21 @@ public:
     // Where the record list goes; its font is the zoomed list font.
     QWidget *recordListPlace() const { return listPlace; }
 
+    // The one road into an open card: closes the open one, asks for the card's password,
+    // loads it and shows its records. An empty path opens the first available card. A card
+    // without a password opens without any dialog, so tests and benchmarks can drive this.
+    void openCard(const QString &path);
+    DataManager *openedCard() const { return manager; }
+    DBManager *cards() const { return cardList; }
+    ListView *records() const { return recordList; }
+
 public Q_SLOTS:
     void zoomin() override;
     void zoomout() override;
+    void dbNew();
+    void dbSelect();
+    void doEditCard();
+    void doRemoveCard();
     void selectionCleared();
     void selected(PIMRecord *record);
     void editDialogIsFree(bool *free);
@@ -44,14 +62,26 @@ private:
     QMenu *createMainMenu();
     void createPanes();
 
+    void createCardList();
+    void connectCardActions();
+    void setCardActionsEnabled(bool enabled);
+    void createRecordList();
+    void closeCard();
+    QString firstAvailableCard() const;
+    void showCard();
+    void setCardSetting(const QString &path);
+    QString cardSetting() const;
+
     void applyZoom(int size);
     void readOptions();
     void writeOptions();
     void setRecordActionsEnabled(bool enabled);
 
     QWidget *listPlace = nullptr;
+    ListView *recordList = nullptr;
     QPlainTextEdit *memoEdit = nullptr;
     DataManager *manager = nullptr;
+    DBManager *cardList = nullptr;
     QToolButton *filterButton = nullptr;
     QMenu *filterMenu = nullptr;
     QToolButton *viewButton = nullptr;

@@ -59,8 +59,8 @@ void TestMRLDB::actions_data()
     QTest::addColumn<bool>("enabled");
 
     const QList<QStringList> table = {
-        { "db", "Manager ...", "cards", "0" },
-        { "newdb", "New Card ...", "std/c07", "0" },
+        { "db", "Manager ...", "cards", "1" },
+        { "newdb", "New Card ...", "std/c07", "1" },
         { "new", "New Record", "filenew", "0" },
         { "edit", "Edit Record", "edit", "0" },
         { "clone", "Duplicate Record", "editcopy", "0" },
