@@ -152,6 +152,8 @@ void TestDBFlows::editCard()
     QCOMPARE(listed.record->title(), QFileInfo(expected).completeBaseName());
     QVERIFY(!listed.list.isChanged());
     QCOMPARE(listed.list.paths(), QStringList(expected));
+    // A move leaves nothing behind.
+    QCOMPARE(QFileInfo::exists(listed.card(QStringLiteral("Old"))), path == "Old.card");
 }
 
 void TestDBFlows::deleteCard_data()
