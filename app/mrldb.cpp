@@ -280,6 +280,15 @@ void MRLDB::writeOptions()
 
 // ---- The card road ------------------------------------------------------------------------
 
+bool MRLDB::event(QEvent *event)
+{
+    if (event->type() == QEvent::Type(ReopenCardEvent)) {
+        openCard(manager ? manager->fullPath() : QString());
+        return true;
+    }
+    return MRLMainWindow::event(event);
+}
+
 void MRLDB::createCardList()
 {
     cardList = new DBManager(false);

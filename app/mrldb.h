@@ -22,6 +22,9 @@ public:
     // The delay of the chooser or of the end after a failed opening, so that a running
     // dialog or menu closes first.
     static constexpr int deferMilliseconds = 400;
+    // Posted to open the current card anew once a running dialog has closed, which is how
+    // a change of its view's columns takes effect.
+    enum { ReopenCardEvent = 1003 };
 
     explicit MRLDB(QWidget *parent = nullptr);
     // Writes the options.
@@ -52,6 +55,7 @@ public Q_SLOTS:
     void toggleMemo();
 
 protected:
+    bool event(QEvent *event) override;
     void showEvent(QShowEvent *event) override;
     void hideEvent(QHideEvent *event) override;
 

@@ -50,6 +50,7 @@ private Q_SLOTS:
     void chooserCancelledReopensCard();
     void emptyListEndsProgram();
     void hideSavesCard();
+    void reopenEventOpensCardAnew();
 
 private:
     static QStringList itemsOf(const QList<QAction *> &actions);
@@ -342,6 +343,8 @@ struct Cards {
         for (int i = 0; i < count; ++i) {
             DataRecord *record = card.newRecord();
             record->setStringValue(0, QStringLiteral("r%1").arg(i, 3, 10, QLatin1Char('0')));
+            if (memo)
+                record->setMemo(QStringLiteral("memo %1").arg(i));
             card.add(record);
         }
         card.forceSave();
@@ -411,7 +414,12 @@ void TestMRLDB::openCardShowsPagedRecords()
     QCOMPARE(list->columnCount(), memo ? 2 : 1);
     QCOMPARE(list->firstItem()->text(0), QStringLiteral("r000"));
     QCOMPARE(window.action(QStringLiteral("memo"))->isEnabled(), memo);
-    QCOMPARE(window.findChild<QPlainTextEdit *>(QStringLiteral("memo"))->isHidden(), !memo);
+    auto *memoPane = window.findChild<QPlainTextEdit *>(QStringLiteral("memo"));
+    QCOMPARE(memoPane->isHidden(), !memo);
+    // The first row is current, and the pane shows its memo.
+    QCOMPARE(window.records()->currentTask(), window.openedCard()->first());
+    QCOMPARE(memoPane->toPlainText(), memo ? QStringLiteral("memo 0") : QString());
+    QVERIFY(window.action(QStringLiteral("edit"))->isEnabled());
     QCOMPARE(cardSetting(), path);
     QTest::qWait(2 * MRLDB::deferMilliseconds);
     QVERIFY(driver.seen().isEmpty());
@@ -530,6 +538,25 @@ void TestMRLDB::hideSavesCard()
     DataManager stored(path);
     QVERIFY(stored.load());
     QCOMPARE(stored.count(), 2);
+}
+
+// The list is rebuilt from a new manager; the current record survives by its UID.
+void TestMRLDB::reopenEventOpensCardAnew()
+{
+    Cards cards;
+    const QString path = cards.make(QStringLiteral("Books"), 20);
+    MRLDB window;
+    window.openCard(path);
+    QSignalSpy closed(window.openedCard(), &QObject::destroyed);
+    PIMRecord *last = window.openedCard()->last();
+    window.records()->showRecord(last);
+    const QString uid = last->uidString();
+    QCoreApplication::postEvent(&window, new QEvent(QEvent::Type(MRLDB::ReopenCardEvent)));
+    QTRY_COMPARE(closed.count(), 1);
+    QVERIFY(window.openedCard());
+    QCOMPARE(window.openedCard()->fullPath(), path);
+    QCOMPARE(window.records()->page(), 2);
+    QCOMPARE(window.records()->currentTask()->uidString(), uid);
 }
 
 QTEST_MAIN(TestMRLDB)
