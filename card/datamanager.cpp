@@ -42,6 +42,11 @@ PIMRecord *DataManager::createRecord()
     return new DataRecord(this);
 }
 
+PIMRecord *DataManager::createBlankRecord()
+{
+    return new DataRecord(this, PIMRecord::Blank);
+}
+
 DataRecord *DataManager::newRecord()
 {
     auto *record = dataRecord(createRecord());

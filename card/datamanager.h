@@ -30,6 +30,7 @@ public:
     ~DataManager() override;
 
     PIMRecord *createRecord() override;
+    PIMRecord *createBlankRecord() override;
     // A record filled from the field defaults, not yet added. Moves Increment counters.
     DataRecord *newRecord();
 

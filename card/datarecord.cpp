@@ -14,6 +14,11 @@ DataRecord::DataRecord(DataManager *manager)
         m_values.resize(manager->fieldCount());
 }
 
+DataRecord::DataRecord(DataManager *manager, BlankTag)
+    : PIMRecord(manager, Blank)
+{
+}
+
 DataRecord::DataRecord(const DataRecord &other)
     : PIMRecord(other)
     , m_values(other.m_values)
@@ -170,7 +175,8 @@ void DataRecord::read(QDataStream &stream)
 {
     PIMRecord::read(stream);
     const QList<FieldDef> fields = fieldList();
-    m_values = QList<Value>(fields.size());
+    m_values.clear();
+    m_values.resize(fields.size());
     for (int i = 0; i < fields.size() && BinaryFormat::ok(stream); ++i)
         readSlot(stream, i, fields.at(i).type);
     qint32 hasReminder = 0;

@@ -23,6 +23,7 @@ class DataRecord : public PIMRecord
 public:
     // All slots unset, sized to the manager's field count (none without a manager).
     explicit DataRecord(DataManager *manager);
+    DataRecord(DataManager *manager, BlankTag);
     // Same uid and time stamps; slots, memo, image and reminder are copied deeply.
     DataRecord(const DataRecord &other);
     DataRecord &operator=(const DataRecord &) = delete;

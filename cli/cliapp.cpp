@@ -1,7 +1,14 @@
 #include "cli/cliapp.h"
 
+#include "cli/addcommand.h"
+#include "cli/cellscommand.h"
 #include "cli/clicommand.h"
+#include "cli/dumpcommand.h"
+#include "cli/formatcommand.h"
+#include "cli/formulacommand.h"
+#include "cli/generatecommand.h"
 #include "cli/listcommand.h"
+#include "cli/setfieldscommand.h"
 #include "platform/platformpaths.h"
 
 #include <QTextStream>
@@ -10,6 +17,13 @@
 
 CliApp::CliApp()
 {
+    m_commands.push_back(std::make_unique<DumpCommand>());
+    m_commands.push_back(std::make_unique<CellsCommand>());
+    m_commands.push_back(std::make_unique<FormulaCommand>());
+    m_commands.push_back(std::make_unique<FormatCommand>());
+    m_commands.push_back(std::make_unique<SetFieldsCommand>());
+    m_commands.push_back(std::make_unique<AddCommand>());
+    m_commands.push_back(std::make_unique<GenerateCommand>());
     m_commands.push_back(std::make_unique<ListCommand>());
 }
 

@@ -1,6 +1,7 @@
 #include "platform/qpeapplication.h"
 
 #include "platform/datetimesettings.h"
+#include "platform/localtimezone.h"
 #include "platform/platformpaths.h"
 #include "platform/qcopchannel.h"
 
@@ -25,6 +26,7 @@ QPEApplication::QPEApplication(int &argc, char **argv)
     : QApplication(argc, argv)
     , m_startDocument(findStartDocument(arguments()))
 {
+    LocalTimeZone::pin();
     m_settingsDelay.setSingleShot(true);
     m_settingsDelay.setInterval(settingsDelayMs);
     connect(&m_settingsDelay, &QTimer::timeout, this, &QPEApplication::settingsChanged);
@@ -195,6 +197,7 @@ void QPEApplication::settingsChanged()
     // Compared with what this object last told, since other readers may have updated first.
     DateTimeSettings *settings = DateTimeSettings::instance();
     settings->update();
+    LocalTimeZone::reload();
     if (settings->ampm() != m_ampm) {
         m_ampm = settings->ampm();
         Q_EMIT clockChanged(m_ampm);

@@ -8,7 +8,7 @@ packages=(
   qt6-base-dev qt6-base-dev-tools libqt6core5compat6-dev qt6-tools-dev-tools
   libgl-dev uuid-dev libcrypt-dev
   oxygen-icon-theme
-  xvfb xauth sqlite3
+  xvfb xauth sqlite3 libsqlite3-dev
 )
 
 missing=()

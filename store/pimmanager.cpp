@@ -6,6 +6,7 @@
 #include "store/pimrecord.h"
 #include "store/recordsorter.h"
 
+#include <QBuffer>
 #include <QCoreApplication>
 #include <QDataStream>
 #include <QDir>
@@ -103,10 +104,21 @@ bool PIMManager::load()
         m_errorString = tr("Cannot open \"%1\": %2").arg(path, file.errorString());
         return false;
     }
+    // A whole load parses from memory: asking the file for its size and end for every
+    // record and text costs a system call each. A header is read from the file alone.
+    QByteArray bytes;
+    QBuffer memory(&bytes);
+    QIODevice *source = &file;
+    if (!m_headerOnly) {
+        bytes = file.readAll();
+        file.close();
+        memory.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+        source = &memory;
+    }
     if (m_format == BinaryFormat)
-        readBinary(file);
+        readBinary(*source);
     else
-        readText(file);
+        readText(*source);
     file.close();
     if (m_damaged)
         m_errorString = tr("The file \"%1\" is damaged; the records that were whole have "
@@ -187,7 +199,7 @@ void PIMManager::readBinary(QIODevice &device)
         return;
     const qint64 expected = prepareRecords(device.size() - m_dataStart, minBinaryRecordBytes);
     while (m_records.size() < expected && !stream.atEnd()) {
-        PIMRecord *record = createRecord();
+        PIMRecord *record = createBlankRecord();
         record->read(stream);
         if (!::BinaryFormat::ok(stream)) {
             delete record;
@@ -297,6 +309,10 @@ bool PIMManager::save()
 {
     if (!m_changed)
         return true;
+    if (m_readOnly) {
+        m_errorString = tr("\"%1\" is open for reading only").arg(fullPath());
+        return false;
+    }
     const QString path = fullPath();
     if (m_damaged && !m_damagedKept && !keepDamagedOriginal())
         return false;
@@ -494,6 +510,11 @@ void PIMManager::haveChange()
 PIMRecord *PIMManager::createRecord()
 {
     return new PIMRecord(this);
+}
+
+PIMRecord *PIMManager::createBlankRecord()
+{
+    return createRecord();
 }
 
 bool PIMManager::add(PIMRecord *record)

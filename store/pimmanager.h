@@ -44,6 +44,9 @@ public:
     bool save();
     bool forceSave();
     bool isChanged() const { return m_changed; }
+    // A card opened only to be looked at: changes stay in memory and saving writes nothing.
+    void setReadOnly(bool readOnly) { m_readOnly = readOnly; }
+    bool isReadOnly() const { return m_readOnly; }
     // The last load found a damaged or truncated file and kept what was whole.
     bool loadedDamaged() const { return m_damaged; }
     // Why the last load or save failed, for the user.
@@ -51,6 +54,9 @@ public:
 
     // Records
     virtual PIMRecord *createRecord();
+    // A record to be filled from the binary form; managers whose records are cheap to make
+    // blank say so here, the others get createRecord().
+    virtual PIMRecord *createBlankRecord();
     bool add(PIMRecord *record);
     bool insertLoaded(PIMRecord *record);
     bool update(PIMRecord *old, PIMRecord *record);
@@ -161,6 +167,7 @@ private:
     QList<PIMRecord *> m_view;      // borrowed, in display order
     int m_changeCount = 0;
     bool m_changed = false;
+    bool m_readOnly = false;
     QDateTime m_syncDateTime;
     int m_sortColumn = -1;
     bool m_sortAscending = true;

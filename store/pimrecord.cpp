@@ -21,6 +21,12 @@ PIMRecord::PIMRecord(PIMManager *manager)
     m_updated = QDateTime::currentDateTime();
 }
 
+PIMRecord::PIMRecord(PIMManager *manager, BlankTag)
+    : m_manager(manager)
+{
+    uuid_clear(m_uid);
+}
+
 PIMRecord::PIMRecord(const PIMRecord &other)
     : m_created(other.m_created)
     , m_updated(other.m_updated)

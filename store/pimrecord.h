@@ -18,6 +18,10 @@ class PIMRecord
 {
 public:
     explicit PIMRecord(PIMManager *manager);
+    // A record about to be read from a binary card, which brings its own identity and time
+    // stamps: making fresh ones first would cost a random source and two clock reads apiece.
+    enum BlankTag { Blank };
+    PIMRecord(PIMManager *manager, BlankTag);
     // A copy keeps the uid and everything else; editors keep one as the state before an edit.
     PIMRecord(const PIMRecord &other);
     PIMRecord &operator=(const PIMRecord &) = delete;

@@ -2,6 +2,8 @@
 #define RECORDSORTER_H
 
 #include <QList>
+#include <QStringView>
+#include <QtGlobal>
 
 class PIMRecord;
 
@@ -16,8 +18,23 @@ public:
     static void sort(QList<PIMRecord *> &records);
 
 private:
+    // A record with the first characters of its first key packed beside it: most
+    // comparisons are decided here, without reaching into the record's keys in memory.
+    static constexpr int packedWords = 2;
+    struct Entry {
+        // The first 8 characters of the first key, four to a word, the first in the high bits.
+        quint64 packed[packedWords] = {};
+        // The whole first key, held by the record's key list for as long as the sort runs.
+        QStringView firstKey;
+        PIMRecord *record = nullptr;
+        bool ascending = true;
+        int keyCount = 0;   // 2 for two or more
+    };
+
+    static Entry entry(PIMRecord *record);
+    static bool lessThan(const Entry &a, const Entry &b);
     static void mergeRuns(
-        PIMRecord *const *from, PIMRecord **to, qsizetype begin, qsizetype middle, qsizetype end);
+        const Entry *from, Entry *to, qsizetype begin, qsizetype middle, qsizetype end);
 };
 
 #endif

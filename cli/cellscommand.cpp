@@ -1,0 +1,104 @@
+#include "cli/cellscommand.h"
+
+#include "card/datamanager.h"
+#include "card/datarecord.h"
+#include "cli/argumentparser.h"
+#include "cli/cardopener.h"
+#include "views/recordcells.h"
+
+#include <QTextStream>
+
+namespace {
+const QString viewOption = QStringLiteral("view");
+const QString filterOption = QStringLiteral("filter");
+const QString sortOption = QStringLiteral("sort");
+const QString descendingOption = QStringLiteral("descending");
+
+// The number an option holds, or min - 1 when it is no number.
+int indexValue(const ArgumentParser &arguments, const QString &option, int min)
+{
+    bool ok = false;
+    const int value = arguments.value(option).toInt(&ok);
+    return ok ? value : min - 1;
+}
+
+QString cellText(const RecordCells::Cell &cell)
+{
+    if (cell.isIcon())
+        return QLatin1Char('<') + RecordCells::iconName(cell.icon) + QLatin1Char('>');
+    QString text = cell.text;
+    // One record stays one line.
+    text.replace(QLatin1Char('\t'), QLatin1Char(' '));
+    text.replace(QLatin1Char('\n'), QLatin1Char(' '));
+    return text;
+}
+} // namespace
+
+void CellsCommand::declareOptions(ArgumentParser &parser) const
+{
+    parser.addValueOption(viewOption);
+    parser.addValueOption(filterOption);
+    parser.addValueOption(sortOption);
+    parser.addFlag(descendingOption);
+}
+
+int CellsCommand::run(const ArgumentParser &arguments)
+{
+    QString error;
+    const auto card = CardOpener::open(arguments.positional().at(0), &error);
+    if (!card)
+        return fail(error);
+    // The options choose what to look at for this run only.
+    card->setReadOnly(true);
+    error = select(arguments, *card);
+    if (!error.isEmpty())
+        return usageError(error);
+
+    const QList<int> shown = columns(*card);
+    const QList<FieldDef> &fields = card->fieldList();
+    for (const PIMRecord *record : card->view()) {
+        QString line = record->uidString();
+        const auto &data = *static_cast<const DataRecord *>(record);
+        for (const RecordCells::Cell &cell : RecordCells::cells(data, fields, shown))
+            line += QLatin1Char('\t') + cellText(cell);
+        out() << line << '\n';
+    }
+    return Success;
+}
+
+QString CellsCommand::select(const ArgumentParser &arguments, DataManager &card)
+{
+    if (arguments.isSet(viewOption)) {
+        const int view = indexValue(arguments, viewOption, -1);
+        if (view < -1 || view >= card.views().size())
+            return QStringLiteral("--view takes -1 or a view index below %1").arg(card.views().size());
+        card.setCurrentView(view);
+    }
+    if (arguments.isSet(filterOption)) {
+        const int filter = indexValue(arguments, filterOption, -1);
+        if (filter < -1 || filter >= card.filters().size())
+            return QStringLiteral("--filter takes -1 or a filter index below %1").arg(card.filters().size());
+        card.setCurrentFilter(filter);
+    }
+    const bool descending = arguments.isSet(descendingOption);
+    if (arguments.isSet(sortOption)) {
+        const int field = indexValue(arguments, sortOption, 0);
+        if (field < 0 || field >= card.fieldCount())
+            return QStringLiteral("--sort takes a field index below %1").arg(card.fieldCount());
+        card.setSort(field, !descending);
+    } else if (descending) {
+        card.setSort(card.sortColumn(), false);
+    }
+    return QString();
+}
+
+QList<int> CellsCommand::columns(const DataManager &card)
+{
+    const int view = card.currentView();
+    if (view >= 0 && view < card.views().size())
+        return card.views().at(view).columns;
+    QList<int> all;
+    for (int i = 0; i < card.fieldCount(); ++i)
+        all << i;
+    return all;
+}

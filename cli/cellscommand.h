@@ -1,0 +1,37 @@
+#ifndef CELLSCOMMAND_H
+#define CELLSCOMMAND_H
+
+#include "cli/clicommand.h"
+
+#include <QList>
+
+class DataManager;
+
+// cells CARD [--view N] [--filter N] [--sort FIELD] [--descending]: the visible records as
+// the main window's list shows them, one line each.
+class CellsCommand : public CliCommand
+{
+public:
+    QString name() const override { return QStringLiteral("cells"); }
+    QString synopsis() const override
+    {
+        return QStringLiteral("CARD [--view N] [--filter N] [--sort FIELD] [--descending]");
+    }
+    QString summary() const override
+    {
+        return QStringLiteral("print the record list's cells, one record per line");
+    }
+
+protected:
+    void declareOptions(ArgumentParser &parser) const override;
+    int minArguments() const override { return 1; }
+    int maxArguments() const override { return 1; }
+    int run(const ArgumentParser &arguments) override;
+
+private:
+    // Applies the options to the card in memory; an empty text, or what is wrong.
+    static QString select(const ArgumentParser &arguments, DataManager &card);
+    static QList<int> columns(const DataManager &card);
+};
+
+#endif

@@ -1,0 +1,421 @@
+#include "card/datamanager.h"
+#include "card/datarecord.h"
+#include "clirunner.h"
+#include "support/testhome.h"
+
+#include <QCryptographicHash>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTest>
+#include <QUuid>
+
+// The card commands, run as users run them: the real binary on cards in a test home.
+class TestCliCommands : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void formula_data();
+    void formula();
+    void formulaOnRecords();
+    void formatUsageErrors_data();
+    void formatUsageErrors();
+    void generateIsDeterministic();
+    void dumpShape();
+    void addAppliesDefaultsAndValues();
+    void addRejectsBadLinesAndLeavesCard_data();
+    void addRejectsBadLinesAndLeavesCard();
+    void setFieldsFollowsOrigins();
+    void setFieldsRejectsBadSchemas_data();
+    void setFieldsRejectsBadSchemas();
+    void cellsFollowTheOptions_data();
+    void cellsFollowTheOptions();
+    void cellsRejectsBadOptions_data();
+    void cellsRejectsBadOptions();
+    void missingCard();
+
+private:
+    static QString fruitCard(const TestHome &home);
+    static QJsonObject dump(const TestHome &home, const QString &card);
+    static QByteArray fileHash(const QString &path);
+};
+
+QJsonObject TestCliCommands::dump(const TestHome &home, const QString &card)
+{
+    const CliResult result = runCli(home.path(), {"dump", card});
+    if (result.status != 0)
+        qWarning() << result.err;
+    return QJsonDocument::fromJson(result.out).object();
+}
+
+QByteArray TestCliCommands::fileHash(const QString &path)
+{
+    QFile f(path);
+    if (!f.open(QIODevice::ReadOnly))
+        return {};
+    return QCryptographicHash::hash(f.readAll(), QCryptographicHash::Sha256);
+}
+
+void TestCliCommands::formula_data()
+{
+    QTest::addColumn<QString>("expression");
+    QTest::addColumn<QByteArray>("output");
+    QTest::newRow("precedence") << "1+2*3" << QByteArray("7 ok\n");
+    QTest::newRow("leading minus after --") << "-1+2" << QByteArray("1 ok\n");
+    QTest::newRow("seventeen digits") << "1/3" << QByteArray("0.33333333333333331 ok\n");
+    QTest::newRow("trailing operator stops") << "1+" << QByteArray("0 failed\n");
+    QTest::newRow("trailing blank operator stops") << "1 +" << QByteArray("0 failed\n");
+    QTest::newRow("unclosed group") << "(2" << QByteArray("0 failed\n");
+    QTest::newRow("reference without a card") << "[F3]+1" << QByteArray("1 ok\n");
+    QTest::newRow("infinity") << "1/0" << QByteArray("inf ok\n");
+    QTest::newRow("not a number") << "0/0" << QByteArray("nan ok\n");
+}
+
+void TestCliCommands::formula()
+{
+    QFETCH(QString, expression);
+    QFETCH(QByteArray, output);
+    TestHome home;
+    const CliResult result = runCli(home.path(), {"formula", "--", expression});
+    QCOMPARE(result.status, 0);
+    QCOMPARE(result.out, output);
+}
+
+void TestCliCommands::formulaOnRecords()
+{
+    TestHome home;
+    const QString card = home.file("s.card");
+    QCOMPARE(runCli(home.path(), {"generate", "--records", "3", card}).status, 0);
+    const QJsonArray records = dump(home, card).value("records").toArray();
+    const double count0 = records.at(0).toObject().value("values").toArray().at(1).toDouble();
+    const double count1 = records.at(1).toObject().value("values").toArray().at(1).toDouble();
+
+    CliResult result = runCli(home.path(), {"formula", "[F1]+[F1!]", "--card", card, "--record", "1"});
+    QCOMPARE(result.out, QByteArray::number(count0 + count1, 'g', 17) + " ok\n");
+    result = runCli(home.path(), {"formula", "[F1!]", "--card", card, "--record", "0"});
+    QCOMPARE(result.out, QByteArray("0 ok\n"));
+    result = runCli(home.path(), {"formula", "1", "--card", card, "--record", "3"});
+    QCOMPARE(result.status, 1);
+    QCOMPARE(result.err, QByteArray("norvika-cli: the card has 3 records\n"));
+    QCOMPARE(runCli(home.path(), {"formula", "1", "--card", card}).status, 2);
+}
+
+void TestCliCommands::formatUsageErrors_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::newRow("not a number") << QStringList{"format", "number", "", "abc"};
+    QTest::newRow("not a date-time") << QStringList{"format", "datetime", "", "2004-13-40T00:00:00"};
+    QTest::newRow("unknown kind") << QStringList{"format", "colour", "", "1"};
+    QTest::newRow("too few") << QStringList{"format", "number", "1"};
+}
+
+void TestCliCommands::formatUsageErrors()
+{
+    QFETCH(QStringList, arguments);
+    TestHome home;
+    const CliResult result = runCli(home.path(), arguments);
+    QCOMPARE(result.status, 2);
+    QVERIFY(result.err.startsWith("norvika-cli: "));
+    QVERIFY(result.out.isEmpty());
+}
+
+void TestCliCommands::generateIsDeterministic()
+{
+    TestHome home;
+    const QString a = home.file("a.card"), b = home.file("b.card"), c = home.file("c.card");
+    QCOMPARE(runCli(home.path(), {"generate", "--records", "50", "--seed", "9", a}).status, 0);
+    QCOMPARE(runCli(home.path(), {"generate", "--records", "50", "--seed", "9", b}).status, 0);
+    QCOMPARE(runCli(home.path(), {"generate", "--records", "50", "--seed", "10", c}).status, 0);
+    auto values = [&](const QString &card) {
+        QList<QJsonValue> all;
+        for (const QJsonValue &r : dump(home, card).value("records").toArray())
+            all << r.toObject().value("values");
+        return all;
+    };
+    const auto va = values(a);
+    QCOMPARE(va.size(), 50);
+    QCOMPARE(va.first().toArray().size(), 10);
+    QCOMPARE(values(b), va);
+    QVERIFY(values(c) != va);
+    QCOMPARE(runCli(home.path(), {"generate", a}).status, 2);
+    QCOMPARE(runCli(home.path(), {"generate", "--records", "-1", a}).status, 2);
+}
+
+void TestCliCommands::dumpShape()
+{
+    TestHome home;
+    const QString card = home.file("s.card");
+    QCOMPARE(runCli(home.path(), {"generate", "--records", "2", card}).status, 0);
+    const CliResult result = runCli(home.path(), {"dump", card});
+    QCOMPARE(result.status, 0);
+    const QJsonObject o = QJsonDocument::fromJson(result.out).object();
+    // Key order is part of the output.
+    const QByteArray text = result.out;
+    const QList<QByteArray> order{"\"header\"", "\"description\"", "\"icon\"", "\"password\"",
+                                  "\"fields\"", "\"filters\"", "\"currentFilter\"", "\"views\"",
+                                  "\"currentView\"", "\"records\"", "\"view\""};
+    for (int i = 1; i < order.size(); ++i)
+        QVERIFY2(text.indexOf(order[i - 1]) < text.indexOf(order[i]), order[i].constData());
+    QCOMPARE(o.value("header").toObject().value("total").toInt(), 2);
+    QCOMPARE(o.value("header").toObject().value("sortColumn").toInt(), -1);
+    QCOMPARE(o.value("icon").toString(), QStringLiteral("12"));
+    QCOMPARE(o.value("fields").toArray().size(), 10);
+    QCOMPARE(o.value("currentFilter").toInt(), -1);
+    const QJsonArray records = o.value("records").toArray();
+    QCOMPARE(o.value("view").toArray().size(), 2);
+    QCOMPARE(o.value("view").toArray().at(0).toString(), records.at(0).toObject().value("uid").toString());
+    const QJsonArray values = records.at(0).toObject().value("values").toArray();
+    QVERIFY(values.at(0).isString());
+    QVERIFY(values.at(1).isDouble());
+    QVERIFY(QDate::fromString(values.at(3).toString(), "yyyy-MM-dd").isValid());
+    QVERIFY(QTime::fromString(values.at(4).toString(), "HH:mm:ss.zzz").isValid());
+    QVERIFY(QDateTime::fromString(values.at(5).toString(), "yyyy-MM-ddTHH:mm:ss.zzz").isValid());
+    QVERIFY(records.at(0).toObject().value("reminder").isNull());
+}
+
+void TestCliCommands::addAppliesDefaultsAndValues()
+{
+    TestHome home;
+    const QString card = home.file("s.card");
+    QCOMPARE(runCli(home.path(), {"generate", "--records", "1", card}).status, 0);
+    const QByteArray input =
+        "{\"Name\": \"Ann\", \"1\": 3, \"2\": \"inf\", \"3\": \"2004-03-07\", \"4\": \"\","
+        " \"memo\": \"two\\nlines\", \"reminder\": {\"dateTime\": \"2099-01-01T10:00:00\","
+        " \"sound\": true, \"led\": false, \"type\": 2}}\n"
+        "\n"
+        "{\"Tags\": \"red\\nblue\", \"Done\": 1}\n";
+    const CliResult result = runCli(home.path(), {"add", card}, input);
+    QCOMPARE(result.status, 0);
+    const QList<QByteArray> uids = result.out.trimmed().split('\n');
+    QCOMPARE(uids.size(), 2);
+
+    const QJsonArray records = dump(home, card).value("records").toArray();
+    QCOMPARE(records.size(), 3);
+    const QJsonObject ann = records.at(1).toObject();
+    QCOMPARE(ann.value("uid").toString().toLatin1(), uids.at(0));
+    const QJsonArray values = ann.value("values").toArray();
+    QCOMPARE(values.at(0).toString(), QStringLiteral("Ann"));
+    QCOMPARE(values.at(1).toDouble(), 3.0);
+    QCOMPARE(values.at(2).toString(), QStringLiteral("inf"));
+    QCOMPARE(values.at(3).toString(), QStringLiteral("2004-03-07"));
+    QCOMPARE(values.at(4).toString(), QString());   // an invalid time
+    QCOMPARE(ann.value("memo").toString(), QStringLiteral("two\nlines"));
+    QCOMPARE(ann.value("reminder").toObject().value("type").toInt(), 2);
+    QCOMPARE(ann.value("reminder").toObject().value("led").toBool(), false);
+    const QJsonArray second = records.at(2).toObject().value("values").toArray();
+    QCOMPARE(second.at(9).toString(), QStringLiteral("red\nblue"));
+    QCOMPARE(second.at(8).toDouble(), 1.0);
+}
+
+void TestCliCommands::addRejectsBadLinesAndLeavesCard_data()
+{
+    QTest::addColumn<QByteArray>("input");
+    QTest::addColumn<QByteArray>("message");
+    QTest::newRow("unknown title") << QByteArray("{\"Name\": \"ok\"}\n{\"Nope\": 1}\n")
+                                   << QByteArray("record 2: no field \"Nope\"");
+    QTest::newRow("index out of range") << QByteArray("{\"10\": 1}\n") << QByteArray("no field 10");
+    QTest::newRow("not JSON") << QByteArray("{\"Name\": \n") << QByteArray("line 1: not a JSON object");
+    QTest::newRow("malformed date") << QByteArray("{\"Day\": \"7 3 2004\"}\n")
+                                    << QByteArray("malformed value");
+    QTest::newRow("text for a number") << QByteArray("{\"Count\": \"three\"}\n")
+                                       << QByteArray("takes a number");
+    QTest::newRow("reminder without time") << QByteArray("{\"reminder\": {\"sound\": true}}\n")
+                                           << QByteArray("dateTime");
+}
+
+void TestCliCommands::addRejectsBadLinesAndLeavesCard()
+{
+    QFETCH(QByteArray, input);
+    QFETCH(QByteArray, message);
+    TestHome home;
+    const QString card = home.file("s.card");
+    QCOMPARE(runCli(home.path(), {"generate", "--records", "2", card}).status, 0);
+    const QByteArray before = fileHash(card);
+    const CliResult result = runCli(home.path(), {"add", card}, input);
+    QCOMPARE(result.status, 1);
+    QVERIFY2(result.err.contains(message), result.err.constData());
+    QCOMPARE(fileHash(card), before);
+}
+
+void TestCliCommands::setFieldsFollowsOrigins()
+{
+    TestHome home;
+    const QString card = home.file("s.card");
+    QCOMPARE(runCli(home.path(), {"generate", "--records", "2", card}).status, 0);
+    const QJsonObject before = dump(home, card);
+    // Keep Price first, drop everything else but Name (renamed), and add a calculated field.
+    // Formulas in the new list still count fields as the card handed them out.
+    const QByteArray fields =
+        "[{\"title\": \"Price\", \"type\": 2, \"origin\": 2},"
+        " {\"title\": \"Label\", \"type\": 0, \"origin\": 0},"
+        " {\"title\": \"Twice\", \"type\": 2, \"formula\": \"[F2]*2\", \"origin\": -1}]";
+    QFile json(home.file("fields.json"));
+    QVERIFY(json.open(QIODevice::WriteOnly));
+    json.write(fields);
+    json.close();
+    const CliResult result = runCli(home.path(), {"set-fields", card, json.fileName()});
+    QCOMPARE(result.status, 0);
+
+    const QJsonObject after = dump(home, card);
+    QCOMPARE(after.value("fields").toArray().size(), 3);
+    QCOMPARE(after.value("fields").toArray().at(2).toObject().value("formula").toString(),
+             QStringLiteral("[F0]*2"));
+    QCOMPARE(after.value("header").toObject().value("properties").toObject().value("fs").toString(),
+             QStringLiteral("2"));
+    const QJsonArray oldValues = before.value("records").toArray().at(1).toObject().value("values").toArray();
+    const QJsonArray newValues = after.value("records").toArray().at(1).toObject().value("values").toArray();
+    QCOMPARE(newValues.at(0), oldValues.at(2));
+    QCOMPARE(newValues.at(1), oldValues.at(0));
+    QCOMPARE(newValues.at(2).toDouble(), 2 * oldValues.at(2).toDouble());
+}
+
+void TestCliCommands::setFieldsRejectsBadSchemas_data()
+{
+    QTest::addColumn<QByteArray>("fields");
+    QTest::newRow("not an array") << QByteArray("{\"title\": \"x\"}");
+    QTest::newRow("bad type") << QByteArray("[{\"title\": \"x\", \"type\": 15, \"origin\": -1}]");
+    QTest::newRow("origin out of range") << QByteArray("[{\"title\": \"x\", \"type\": 0, \"origin\": 10}]");
+    QTest::newRow("origin twice") << QByteArray("[{\"type\": 0, \"origin\": 1}, {\"type\": 0, \"origin\": 1}]");
+}
+
+void TestCliCommands::setFieldsRejectsBadSchemas()
+{
+    QFETCH(QByteArray, fields);
+    TestHome home;
+    const QString card = home.file("s.card");
+    QCOMPARE(runCli(home.path(), {"generate", "--records", "2", card}).status, 0);
+    const QByteArray before = fileHash(card);
+    QFile json(home.file("fields.json"));
+    QVERIFY(json.open(QIODevice::WriteOnly));
+    json.write(fields);
+    json.close();
+    const CliResult result = runCli(home.path(), {"set-fields", card, json.fileName()});
+    QCOMPARE(result.status, 1);
+    QVERIFY(result.err.startsWith("norvika-cli: "));
+    QCOMPARE(fileHash(card), before);
+}
+
+// Name, Count, Done, Notes; a filter "Done" and a view "Short" of Count and Name, sorted
+// by Count downwards and filtered by "Done".
+QString TestCliCommands::fruitCard(const TestHome &home)
+{
+    const QString path = home.file("fruit.card");
+    DataManager card(path);
+    QList<FieldDef> fields;
+    const QList<std::pair<QString, int>> schema{
+        {"Name", FieldDef::String}, {"Count", FieldDef::Integer}, {"Done", FieldDef::Bool}, {"Notes", FieldDef::Text}};
+    for (const auto &[title, type] : schema) {
+        FieldDef field;
+        field.title = title;
+        field.type = type;
+        fields << field;
+    }
+    card.setFields(fields, true);
+    const struct { const char *name; int count; bool done; const char *notes; } rows[] = {
+        {"pear", 3, true, "a\tb"}, {"apple", 10, false, "x\ny"}, {"fig\nleaf", 1, true, ""}};
+    for (const auto &row : rows) {
+        DataRecord *record = card.newRecord();
+        record->setStringValue(0, QString::fromLatin1(row.name));
+        record->setIntValue(1, row.count);
+        record->setIntValue(2, row.done);
+        record->setStringValue(3, QString::fromLatin1(row.notes));
+        card.add(record);
+    }
+    FilterDef done;
+    done.title = QStringLiteral("Done");
+    FilterCondition condition;
+    condition.field = 2;
+    condition.number = FilterCondition::Yes;
+    done.conditions << condition;
+    card.setFilters({done});
+    ViewDef shortView;
+    shortView.title = QStringLiteral("Short");
+    shortView.columns = {1, 0};
+    shortView.sort = 1;
+    shortView.ascending = false;
+    shortView.filter = done.uuidString();
+    card.setViews({shortView});
+    card.forceSave();
+    return path;
+}
+
+void TestCliCommands::cellsFollowTheOptions_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<QStringList>("lines");   // the cells of each line, without the UID
+    // A text field shows its first line; tabs and line feeds left in a cell become blanks.
+    const QStringList pear{"pear", "3", "<on>", "a b"}, apple{"apple", "10", "<off>", "x"},
+        fig{"fig leaf", "1", "<on>", ""};
+    auto joined = [](const QList<QStringList> &rows) {
+        QStringList lines;
+        for (const QStringList &row : rows)
+            lines << row.join('\t');
+        return lines;
+    };
+    QTest::newRow("store order, all fields") << QStringList() << joined({pear, apple, fig});
+    QTest::newRow("sort by text") << QStringList{"--sort", "0"} << joined({apple, fig, pear});
+    QTest::newRow("sort by text downwards") << QStringList{"--sort", "0", "--descending"}
+                                            << joined({pear, fig, apple});
+    QTest::newRow("sort by number") << QStringList{"--sort", "1"} << joined({fig, pear, apple});
+    QTest::newRow("filter") << QStringList{"--filter", "0"} << joined({pear, fig});
+    QTest::newRow("view: its columns, sort and filter")
+        << QStringList{"--view", "0"} << QStringList{"3\tpear", "1\tfig leaf"};
+    QTest::newRow("view without its filter") << QStringList{"--view", "0", "--filter", "-1"}
+                                             << QStringList{"10\tapple", "3\tpear", "1\tfig leaf"};
+    QTest::newRow("default view") << QStringList{"--view", "-1"} << joined({pear, apple, fig});
+}
+
+void TestCliCommands::cellsFollowTheOptions()
+{
+    QFETCH(QStringList, options);
+    QFETCH(QStringList, lines);
+    TestHome home;
+    const QString card = fruitCard(home);
+    const QByteArray before = fileHash(card);
+
+    const CliResult result = runCli(home.path(), QStringList{"cells", card} + options);
+    QCOMPARE(result.status, 0);
+    QStringList cells;
+    for (const QByteArray &line : result.out.split('\n')) {
+        if (line.isEmpty())
+            continue;
+        const int tab = line.indexOf('\t');
+        QCOMPARE(QUuid::fromString(QLatin1String(line.left(tab))).isNull(), false);
+        cells << QString::fromUtf8(line.mid(tab + 1));
+    }
+    QCOMPARE(cells, lines);
+    QCOMPARE(fileHash(card), before);   // the options are for this run only
+}
+
+void TestCliCommands::cellsRejectsBadOptions_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::newRow("view past the list") << QStringList{"--view", "1"};
+    QTest::newRow("view below -1") << QStringList{"--view", "-2"};
+    QTest::newRow("filter past the list") << QStringList{"--filter", "1"};
+    QTest::newRow("sort past the fields") << QStringList{"--sort", "4"};
+    QTest::newRow("sort not a number") << QStringList{"--sort", "Name"};
+}
+
+void TestCliCommands::cellsRejectsBadOptions()
+{
+    QFETCH(QStringList, options);
+    TestHome home;
+    const QString card = fruitCard(home);
+    const CliResult result = runCli(home.path(), QStringList{"cells", card} + options);
+    QCOMPARE(result.status, 2);
+    QVERIFY(result.out.isEmpty());
+}
+
+void TestCliCommands::missingCard()
+{
+    TestHome home;
+    const CliResult result = runCli(home.path(), {"dump", home.file("none.card")});
+    QCOMPARE(result.status, 1);
+    QVERIFY(result.err.endsWith("none.card: no such card\n"));
+}
+
+QTEST_GUILESS_MAIN(TestCliCommands)
+#include "testclicommands.moc"
