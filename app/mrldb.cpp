@@ -1,6 +1,9 @@
 #include "app/mrldb.h"
 
+#include "app/dbdialog.h"
+#include "app/dbflows.h"
 #include "app/mrlapplication.h"
+#include "app/passworddialog2.h"
 #include "app/resourceicons.h"
 #include "card/datamanager.h"
 #include "card/datarecord.h"
@@ -15,10 +18,15 @@
 #include "lib/qt/mrlaction.h"
 #include "platform/config.h"
 #include "reminders/reminder.h"
+#include "store/dbmanager.h"
+#include "store/dbrecord.h"
 #include "views/listview.h"
 
+#include <QElapsedTimer>
+#include <QFileInfo>
 #include <QMenu>
 #include <QPlainTextEdit>
+#include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -63,9 +71,12 @@ const ActionRow cardActions[] = {
 MRLDB::MRLDB(QWidget *parent)
     : MRLMainWindow(parent)
 {
+    createCardList();
     createActions();
+    connectCardActions();
     createToolBar();
     createPanes();
+    createRecordList();
     connectRecordCommands();
     selectionCleared();
     // The size of a window that is not maximized: room for a list of several columns.
@@ -77,8 +88,8 @@ MRLDB::~MRLDB()
     writeOptions();
     // The list lets go of the card before its manager goes, and reports nothing more.
     recordList->disconnect(this);
-    recordList->unsetManager();
-    delete manager;
+    closeCard();
+    delete cardList;
 }
 
 void MRLDB::createActions()
@@ -249,15 +260,24 @@ void MRLDB::raiseMainWindow()
     activateWindow();
 }
 
+// A card left open at the last hide comes back without a question; otherwise, or when its
+// file is gone, the chooser comes up.
 void MRLDB::showEvent(QShowEvent *event)
 {
     MRLMainWindow::showEvent(event);
     readOptions();
+    const QString path = cardSetting();
+    if (path.isEmpty() || !QFileInfo::exists(path))
+        QTimer::singleShot(deferMilliseconds, this, &MRLDB::dbSelect);
+    else
+        openCard(path);
 }
 
 void MRLDB::hideEvent(QHideEvent *event)
 {
     MRLMainWindow::hideEvent(event);
+    if (manager)
+        manager->save();
     writeOptions();
 }
 
@@ -279,6 +299,47 @@ void MRLDB::writeOptions()
     config.writeEntry(QStringLiteral("zoom"), listPlace->font().pointSize());
 }
 
+// ---- The card road ------------------------------------------------------------------------
+
+bool MRLDB::event(QEvent *event)
+{
+    if (event->type() == QEvent::Type(ReopenCardEvent)) {
+        openCard(manager ? manager->fullPath() : QString());
+        return true;
+    }
+    return MRLMainWindow::event(event);
+}
+
+void MRLDB::createCardList()
+{
+    cardList = new DBManager(false);
+    cardList->load();
+}
+
+void MRLDB::connectCardActions()
+{
+    const struct {
+        const char *name;
+        void (MRLDB::*slot)();
+    } commands[] = {
+        { "db", &MRLDB::dbSelect },
+        { "newdb", &MRLDB::dbNew },
+        { "modify", &MRLDB::doEditCard },
+        { "remove", &MRLDB::doRemoveCard },
+    };
+    for (const auto &command : commands)
+        connect(action(QString::fromLatin1(command.name)), &QAction::triggered, this, command.slot);
+    action(QStringLiteral("db"))->setEnabled(true);
+    action(QStringLiteral("newdb"))->setEnabled(true);
+}
+
+// The commands that need an open card: its details, its deletion, a new record, clearing.
+void MRLDB::setCardActionsEnabled(bool enabled)
+{
+    for (const char *name : { "modify", "remove", "new", "clear" })
+        action(QString::fromLatin1(name))->setEnabled(enabled);
+}
+
 // ---- Records of the open card --------------------------------------------------------
 
 void MRLDB::createRecordList()
@@ -286,6 +347,9 @@ void MRLDB::createRecordList()
     recordList = new ListView(listPlace);
     recordList->setPaged(true);
     listPlace->layout()->addWidget(recordList);
+    Config config(qApp->objectName());
+    config.setGroup(QStringLiteral("Options"));
+    recordList->setColorMode(config.readNumEntry(QStringLiteral("colormode"), 1));
     connect(recordList, qOverload<PIMRecord *>(&PIMListView::activate), this,
         qOverload<PIMRecord *>(&MRLDB::editRecord));
     connect(recordList, qOverload<const QPoint &, PIMRecord *>(&PIMListView::popup), this,
@@ -317,30 +381,36 @@ void MRLDB::connectRecordCommands()
     }
 }
 
+// Takes over an opened card. The columns are the current view's, or every field when no
+// view is chosen.
 void MRLDB::showCard(DataManager *card, const QString &title)
 {
     if (card != manager) {
-        recordList->unsetManager();
-        delete manager;
+        closeCard();
         manager = card;
     }
     cardTitle = title;
+    setWindowTitle(tr("Card : %1").arg(title));
+    const QList<FieldDef> fields = manager->fields();
+    const QList<ViewDef> views = manager->views();
+    const int view = manager->currentView();
     QList<int> columns;
-    if (manager->currentView() >= 0 && manager->currentView() < manager->views().size())
-        columns = manager->views().at(manager->currentView()).columns;
-    if (columns.isEmpty()) {
-        for (int i = 0; i < manager->fieldCount(); ++i)
+    if (view >= 0 && view < views.size()) {
+        columns = views.at(view).columns;
+    } else {
+        for (int i = 0; i < fields.size(); ++i)
             columns << i;
     }
-    recordList->bind(manager, manager->fields(), columns);
-    bool hasMemo = false;
-    for (const FieldDef &field : manager->fieldList())
-        hasMemo = hasMemo || field.type == FieldDef::Memo;
+    recordList->bind(manager, fields, columns);
+    setCardActionsEnabled(true);
+
+    const bool hasMemo = std::any_of(fields.cbegin(), fields.cend(),
+        [](const FieldDef &field) { return field.type == FieldDef::Memo; });
     action(QStringLiteral("memo"))->setEnabled(hasMemo);
-    if (!hasMemo)
+    if (!hasMemo) {
         memoEdit->hide();
-    action(QStringLiteral("new"))->setEnabled(true);
-    action(QStringLiteral("clear"))->setEnabled(true);
+        action(QStringLiteral("memo"))->setChecked(false);
+    }
 }
 
 DataRecord *MRLDB::currentRecord() const
@@ -638,4 +708,138 @@ void MRLDB::setupView(PIMListView *view, DataRecord *record)
         list->setFields(card->fields());
     view->setColumns(columns);
     view->init();
+QString MRLDB::cardSetting() const
+{
+    Config config(qApp->objectName());
+    config.setGroup(QStringLiteral("Options"));
+    return config.readEntry(QStringLiteral("card"));
+}
+
+// An empty path removes the entry: an opening that does not complete then leads to the
+// chooser at the next start.
+void MRLDB::setCardSetting(const QString &path)
+{
+    Config config(qApp->objectName());
+    config.setGroup(QStringLiteral("Options"));
+    if (path.isEmpty())
+        config.removeEntry(QStringLiteral("card"));
+    else
+        config.writeEntry(QStringLiteral("card"), path);
+    config.write();
+}
+
+// Deleting the manager saves the card.
+void MRLDB::closeCard()
+{
+    if (!manager)
+        return;
+    DataManager *card = std::exchange(manager, nullptr);
+    card->disconnect(this);
+    card->disconnect(recordList);
+    recordList->unsetManager();
+    delete card;
+    setWindowTitle(qApp->objectName());
+    setCardActionsEnabled(false);
+    selectionCleared();
+}
+
+QString MRLDB::firstAvailableCard() const
+{
+    for (PIMRecord *record : cardList->view()) {
+        auto *entry = static_cast<DBRecord *>(record);
+        cardList->refresh(entry);
+        if (cardList->isAvailable(entry))
+            return entry->path();
+    }
+    return QString();
+}
+
+void MRLDB::openCard(const QString &path)
+{
+    setCardSetting(QString());
+    closeCard();
+    const QString wanted = path.isEmpty() ? firstAvailableCard() : path;
+    DBRecord *entry = wanted.isEmpty() ? nullptr : cardList->findByPath(wanted);
+    if (!entry) {
+        QTimer::singleShot(deferMilliseconds, this, &MRLDB::dbSelect);
+        return;
+    }
+    cardList->refreshAll();
+    bool cancelled = false;
+    entry = PasswordDialog2::authorize(cardList, entry, cancelled, this);
+    if (cancelled) {
+        QTimer::singleShot(deferMilliseconds, this, &MRLDB::dbSelect);
+        return;
+    }
+    // A wrong password ends the program, not just this attempt.
+    if (!entry) {
+        QTimer::singleShot(deferMilliseconds, this, &QWidget::close);
+        return;
+    }
+    // Loading a file that is gone would make an empty card, and closing would save it.
+    if (!cardList->isAvailable(entry)) {
+        QTimer::singleShot(deferMilliseconds, this, &MRLDB::dbSelect);
+        return;
+    }
+    auto *card = new DataManager(entry->path());
+    QElapsedTimer timer;
+    timer.start();
+    card->load();
+    qDebug("%d", int(timer.elapsed()));
+    showCard(card, entry->title());
+    setCardSetting(entry->path());
+}
+
+void MRLDB::dbSelect()
+{
+    setCardSetting(QString());
+    QString path;
+    if (manager) {
+        path = manager->fullPath();
+        closeCard();
+    }
+    {
+        DBDialog dialog(cardList, path, this);
+        if (dialog.exec() == QDialog::Accepted && !dialog.selectedPath().isEmpty())
+            path = dialog.selectedPath();
+    }
+    // With no card there is nothing to show.
+    if (cardList->count() == 0) {
+        QTimer::singleShot(deferMilliseconds, this, &QWidget::close);
+        return;
+    }
+    openCard(path);
+}
+
+void MRLDB::dbNew()
+{
+    if (DBRecord *record = DBFlows::newCard(cardList, this))
+        openCard(record->path());
+}
+
+void MRLDB::doEditCard()
+{
+    if (!manager)
+        return;
+    DBRecord *entry = cardList->findByPath(manager->fullPath());
+    if (!entry)
+        return;
+    // Saved first, so that closing it afterwards writes nothing over the header the flow
+    // wrote, nor a file at the place it moved from.
+    manager->save();
+    DBFlows::editCard(cardList, entry, this);
+    openCard(entry->path());
+}
+
+void MRLDB::doRemoveCard()
+{
+    if (!manager)
+        return;
+    DBRecord *entry = cardList->findByPath(manager->fullPath());
+    if (!entry)
+        return;
+    // Saved first, so that closing it writes no file where the card was deleted.
+    manager->save();
+    if (DBFlows::deleteCard(cardList, entry, this))
+        dbSelect();
 }

@@ -3,6 +3,7 @@
 
 #include "app/mrlmainwindow.h"
 
+class DBManager;
 class DataManager;
 class DataRecord;
 class ListView;
@@ -21,22 +22,39 @@ class MRLDB : public MRLMainWindow
     Q_OBJECT
 
 public:
+    // The delay of the chooser or of the end after a failed opening, so that a running
+    // dialog or menu closes first.
+    static constexpr int deferMilliseconds = 400;
+    // Posted to open the current card anew once a running dialog has closed, which is how
+    // a change of its view's columns takes effect.
+    enum { ReopenCardEvent = 1003 };
+
     explicit MRLDB(QWidget *parent = nullptr);
     // Writes the options.
     ~MRLDB() override;
 
     // Where the record list goes; its font is the zoomed list font.
     QWidget *recordListPlace() const { return listPlace; }
-    ListView *recordListView() const { return recordList; }
 
     // Takes an opened card (the window owns it from now on) with the title of its entry,
-    // binds the record list to it and enables the commands on records.
+    // binds the record list to it and enables the commands on the card and its records.
     void showCard(DataManager *card, const QString &title);
-    DataManager *card() const { return manager; }
+
+    // The one road into an open card: closes the open one, asks for the card's password,
+    // loads it and shows its records. An empty path opens the first available card. A card
+    // without a password opens without any dialog, so tests and benchmarks can drive this.
+    void openCard(const QString &path);
+    DataManager *openedCard() const { return manager; }
+    DBManager *cards() const { return cardList; }
+    ListView *records() const { return recordList; }
 
 public Q_SLOTS:
     void zoomin() override;
     void zoomout() override;
+    void dbNew();
+    void dbSelect();
+    void doEditCard();
+    void doRemoveCard();
     void selectionCleared();
     void selected(PIMRecord *record);
     void editDialogIsFree(bool *free);
@@ -62,6 +80,7 @@ public Q_SLOTS:
     void setupView(PIMListView *view, DataRecord *record);
 
 protected:
+    bool event(QEvent *event) override;
     void showEvent(QShowEvent *event) override;
     void hideEvent(QHideEvent *event) override;
 
@@ -72,12 +91,20 @@ private:
     QMenu *createMainMenu();
     void createPanes();
 
+    void createCardList();
+    void connectCardActions();
+    void setCardActionsEnabled(bool enabled);
+    void createRecordList();
+    void closeCard();
+    QString firstAvailableCard() const;
+    void setCardSetting(const QString &path);
+    QString cardSetting() const;
+
     void applyZoom(int size);
     void readOptions();
     void writeOptions();
     void setRecordActionsEnabled(bool enabled);
 
-    void createRecordList();
     void connectRecordCommands();
     // Runs the record editor on record (taken over when not stored) with editing set.
     void runEditor(DataRecord *record, int page);
@@ -97,6 +124,7 @@ private:
     QString cardTitle;
     QPlainTextEdit *memoEdit = nullptr;
     DataManager *manager = nullptr;
+    DBManager *cardList = nullptr;
     QToolButton *filterButton = nullptr;
     QMenu *filterMenu = nullptr;
     QToolButton *viewButton = nullptr;

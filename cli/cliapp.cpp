@@ -7,6 +7,7 @@
 #include "cli/formatcommand.h"
 #include "cli/formulacommand.h"
 #include "cli/generatecommand.h"
+#include "cli/listcommand.h"
 #include "cli/setfieldscommand.h"
 #include "platform/platformpaths.h"
 
@@ -23,6 +24,7 @@ CliApp::CliApp()
     m_commands.push_back(std::make_unique<SetFieldsCommand>());
     m_commands.push_back(std::make_unique<AddCommand>());
     m_commands.push_back(std::make_unique<GenerateCommand>());
+    m_commands.push_back(std::make_unique<ListCommand>());
 }
 
 CliApp::~CliApp() = default;

@@ -1,19 +1,29 @@
 #include "app/mrldb.h"
 #include "app/resourceicons.h"
+#include "card/datamanager.h"
+#include "card/datarecord.h"
 #include "lib/qt/mrlaction.h"
+#include "lib/qt/mrllistviewitem.h"
+#include "modaldriver.h"
 #include "platform/config.h"
+#include "store/dbmanager.h"
+#include "store/dbrecord.h"
 #include "support/testhome.h"
+#include "views/dblistview.h"
+#include "views/listview.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QMenu>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QToolBar>
 #include <QToolButton>
 #include <QWidgetAction>
 #include <QtTest>
 
-// The main window as far as it stands without a card: its commands, tool bar, main menu,
-// memo pane, zoom and the options it keeps.
+// The main window: its commands, tool bar, main menu, memo pane, zoom and the options it
+// keeps, and the road by which cards open and close.
 class TestMRLDB : public QObject
 {
     Q_OBJECT
@@ -31,6 +41,16 @@ private Q_SLOTS:
     void zoomStepsTheListFont();
     void selectionClearedDisablesRecordCommands();
     void editDialogIsFreeWithoutEditor();
+    void firstRunCreatesAndOpensCard();
+    void openCardShowsPagedRecords_data();
+    void openCardShowsPagedRecords();
+    void lockedCard_data();
+    void lockedCard();
+    void removedCardFileStaysListed();
+    void chooserCancelledReopensCard();
+    void emptyListEndsProgram();
+    void hideSavesCard();
+    void reopenEventOpensCardAnew();
 
 private:
     static QStringList itemsOf(const QList<QAction *> &actions);
@@ -59,8 +79,8 @@ void TestMRLDB::actions_data()
     QTest::addColumn<bool>("enabled");
 
     const QList<QStringList> table = {
-        { "db", "Manager ...", "cards", "0" },
-        { "newdb", "New Card ...", "std/c07", "0" },
+        { "db", "Manager ...", "cards", "1" },
+        { "newdb", "New Card ...", "std/c07", "1" },
         { "new", "New Record", "filenew", "0" },
         { "edit", "Edit Record", "edit", "0" },
         { "clone", "Duplicate Record", "editcopy", "0" },
@@ -279,6 +299,264 @@ void TestMRLDB::editDialogIsFreeWithoutEditor()
     window.editDialogIsFree(&free);
     QVERIFY(free);
     window.editDialogIsFree(nullptr);
+}
+
+namespace
+{
+QString cardSetting()
+{
+    Config config(QStringLiteral("norvika"));
+    config.setGroup(QStringLiteral("Options"));
+    return config.readEntry(QStringLiteral("card"));
+}
+
+void setCardSetting(const QString &path)
+{
+    Config config(QStringLiteral("norvika"));
+    config.setGroup(QStringLiteral("Options"));
+    config.writeEntry(QStringLiteral("card"), path);
+}
+
+// Cards in the documents folder of a fresh home, put into the card list.
+struct Cards {
+    QString path(const QString &title) const
+    {
+        return home.documents() + QLatin1Char('/') + title + QStringLiteral(".card");
+    }
+    // A card of a String field, optionally a Memo field, and count records.
+    QString make(
+        const QString &title, int count, bool memo = false, const QString &password = QString())
+    {
+        DataManager card(path(title));
+        QList<FieldDef> fields;
+        FieldDef name;
+        name.title = QStringLiteral("Name");
+        fields << name;
+        if (memo) {
+            FieldDef notes;
+            notes.title = QStringLiteral("Notes");
+            notes.type = FieldDef::Memo;
+            fields << notes;
+        }
+        card.setFields(fields, true);
+        card.setPassword(password);
+        for (int i = 0; i < count; ++i) {
+            DataRecord *record = card.newRecord();
+            record->setStringValue(0, QStringLiteral("r%1").arg(i, 3, 10, QLatin1Char('0')));
+            if (memo)
+                record->setMemo(QStringLiteral("memo %1").arg(i));
+            card.add(record);
+        }
+        card.forceSave();
+        DBManager list(false);
+        list.load();
+        list.addCard(path(title));
+        return path(title);
+    }
+
+    TestHome home;
+};
+} // namespace
+
+void TestMRLDB::firstRunCreatesAndOpensCard()
+{
+    Cards cards;
+    MRLDB window;
+    ModalDriver driver(QStringList { QStringLiteral("btnNew"), QStringLiteral("title=Fresh btnOk"),
+        QStringLiteral("btnSelect") });
+    window.show();
+    QTRY_COMPARE(window.windowTitle(), QStringLiteral("Card : Fresh"));
+    QCOMPARE(driver.seen(),
+        QStringList({ QStringLiteral("Select Card"), QStringLiteral("Card's Details"),
+            QStringLiteral("Select Card") }));
+    const QString path = cards.path(QStringLiteral("Fresh"));
+    QVERIFY(QFile::exists(path));
+    QVERIFY(window.openedCard());
+    QCOMPARE(window.openedCard()->fullPath(), path);
+    QCOMPARE(cardSetting(), path);
+    QVERIFY(window.action(QStringLiteral("modify"))->isEnabled());
+}
+
+void TestMRLDB::openCardShowsPagedRecords_data()
+{
+    QTest::addColumn<int>("records");
+    QTest::addColumn<bool>("memo");
+    QTest::addColumn<int>("rows");
+    QTest::addColumn<int>("pages");
+
+    QTest::newRow("one page, memo field") << 3 << true << 3 << 1;
+    QTest::newRow("two pages, no memo field") << 20 << false << 15 << 2;
+}
+
+// The card left open at the last hide comes back at the next show, without a dialog.
+void TestMRLDB::openCardShowsPagedRecords()
+{
+    QFETCH(int, records);
+    QFETCH(bool, memo);
+    QFETCH(int, rows);
+    QFETCH(int, pages);
+    Cards cards;
+    const QString path = cards.make(QStringLiteral("Books"), records, memo);
+    setCardSetting(path);
+    {
+        Config config(QStringLiteral("norvika"));
+        config.setGroup(QStringLiteral("Options"));
+        config.writeEntry(QStringLiteral("memo"), true);
+    }
+    MRLDB window;
+    ModalDriver driver(QList<ModalDriver::Step> {});
+    window.show();
+    QVERIFY(window.openedCard());
+    QCOMPARE(window.windowTitle(), QStringLiteral("Card : Books"));
+    ListView *list = window.records();
+    QCOMPARE(list->itemCount(), rows);
+    QCOMPARE(list->pageCount(), pages);
+    QCOMPARE(list->columnCount(), memo ? 2 : 1);
+    QCOMPARE(list->firstItem()->text(0), QStringLiteral("r000"));
+    QCOMPARE(window.action(QStringLiteral("memo"))->isEnabled(), memo);
+    auto *memoPane = window.findChild<QPlainTextEdit *>(QStringLiteral("memo"));
+    QCOMPARE(memoPane->isHidden(), !memo);
+    // The first row is current, and the pane shows its memo.
+    QCOMPARE(window.records()->currentTask(), window.openedCard()->first());
+    QCOMPARE(memoPane->toPlainText(), memo ? QStringLiteral("memo 0") : QString());
+    QVERIFY(window.action(QStringLiteral("edit"))->isEnabled());
+    QCOMPARE(cardSetting(), path);
+    QTest::qWait(2 * MRLDB::deferMilliseconds);
+    QVERIFY(driver.seen().isEmpty());
+}
+
+void TestMRLDB::lockedCard_data()
+{
+    QTest::addColumn<QStringList>("steps");
+    QTest::addColumn<bool>("opened");
+    QTest::addColumn<QStringList>("seen");
+
+    const QString ask = QStringLiteral("Enter password");
+    const QString chooser = QStringLiteral("Select Card");
+    QTest::newRow("right password")
+        << QStringList { "p1=secret btnOk" } << true << QStringList { ask };
+    QTest::newRow("wrong password ends the program")
+        << QStringList { "p1=Secret btnOk" } << false << QStringList { ask };
+    QTest::newRow("exit") << QStringList { "p1=secret btnCancel" } << false << QStringList { ask };
+    // The chooser closed with no card open opens the first available card, which asks again.
+    QTest::newRow("back to the chooser") << QStringList { "btnCards", "btnOk", "p1=secret btnOk" }
+                                         << true << QStringList { ask, chooser, ask };
+}
+
+void TestMRLDB::lockedCard()
+{
+    QFETCH(QStringList, steps);
+    QFETCH(bool, opened);
+    QFETCH(QStringList, seen);
+    Cards cards;
+    const QString path = cards.make(QStringLiteral("Locked"), 2, false, QStringLiteral("secret"));
+    setCardSetting(path);
+    MRLDB window;
+    ModalDriver driver(steps);
+    window.show();
+    if (opened) {
+        QTRY_COMPARE(window.windowTitle(), QStringLiteral("Card : Locked"));
+        QCOMPARE(window.records()->itemCount(), 2);
+    } else {
+        QTRY_VERIFY(!window.isVisible());
+        QVERIFY(!window.openedCard());
+        QCOMPARE(cardSetting(), QString());
+    }
+    QCOMPARE(driver.seen(), seen);
+}
+
+// An entry whose file is gone brings up the chooser, stays listed there and can't be opened.
+void TestMRLDB::removedCardFileStaysListed()
+{
+    Cards cards;
+    cards.make(QStringLiteral("Kept"), 1);
+    const QString gone = cards.make(QStringLiteral("Gone"), 1);
+    QFile::remove(gone);
+    setCardSetting(gone);
+    MRLDB window;
+    int rows = 0;
+    bool selectable = true;
+    ModalDriver driver(QList<ModalDriver::Step> { [&](QWidget *dialog) {
+        auto *list = dialog->findChild<DBListView *>(QStringLiteral("db"));
+        rows = list->itemCount();
+        DBRecord *entry = window.cards()->findByPath(gone);
+        list->showRecord(entry);
+        selectable = dialog->findChild<QPushButton *>(QStringLiteral("btnSelect"))->isEnabled();
+        ModalDriver::click(dialog, "btnSelect");
+        ModalDriver::click(dialog, "btnOk");
+    } });
+    window.show();
+    QTRY_COMPARE(window.windowTitle(), QStringLiteral("Card : Kept"));
+    QCOMPARE(rows, 2);
+    QVERIFY(!selectable);
+    DBRecord *entry = window.cards()->findByPath(gone);
+    QVERIFY(entry);
+    QVERIFY(!window.cards()->isAvailable(entry));
+    QCOMPARE(entry->title(), QStringLiteral("Gone"));
+}
+
+void TestMRLDB::chooserCancelledReopensCard()
+{
+    Cards cards;
+    const QString first = cards.make(QStringLiteral("First"), 1);
+    cards.make(QStringLiteral("Second"), 1);
+    MRLDB window;
+    ModalDriver driver(QStringList { QStringLiteral("btnOk") });
+    window.openCard(first);
+    QVERIFY(driver.seen().isEmpty());
+    QCOMPARE(window.windowTitle(), QStringLiteral("Card : First"));
+    window.action(QStringLiteral("db"))->trigger();
+    QCOMPARE(driver.seen(), QStringList { QStringLiteral("Select Card") });
+    QVERIFY(window.openedCard());
+    QCOMPARE(window.openedCard()->fullPath(), first);
+    QCOMPARE(window.windowTitle(), QStringLiteral("Card : First"));
+}
+
+void TestMRLDB::emptyListEndsProgram()
+{
+    Cards cards;
+    MRLDB window;
+    ModalDriver driver(QStringList { QStringLiteral("btnOk") });
+    window.show();
+    QTRY_VERIFY(!window.isVisible());
+    QCOMPARE(driver.seen(), QStringList { QStringLiteral("Select Card") });
+    QCOMPARE(window.windowTitle(), QStringLiteral("norvika"));
+}
+
+void TestMRLDB::hideSavesCard()
+{
+    Cards cards;
+    const QString path = cards.make(QStringLiteral("Books"), 1);
+    MRLDB window;
+    window.openCard(path);
+    DataRecord *record = window.openedCard()->newRecord();
+    record->setStringValue(0, QStringLiteral("added"));
+    window.openedCard()->add(record);
+    QCOMPARE(window.records()->itemCount(), 2);
+    window.show();
+    window.hide();
+    DataManager stored(path);
+    QVERIFY(stored.load());
+    QCOMPARE(stored.count(), 2);
+}
+
+// The list is rebuilt from a new manager; the current record survives by its UID.
+void TestMRLDB::reopenEventOpensCardAnew()
+{
+    Cards cards;
+    const QString path = cards.make(QStringLiteral("Books"), 20);
+    MRLDB window;
+    window.openCard(path);
+    QSignalSpy closed(window.openedCard(), &QObject::destroyed);
+    PIMRecord *last = window.openedCard()->last();
+    window.records()->showRecord(last);
+    const QString uid = last->uidString();
+    QCoreApplication::postEvent(&window, new QEvent(QEvent::Type(MRLDB::ReopenCardEvent)));
+    QTRY_COMPARE(closed.count(), 1);
+    QVERIFY(window.openedCard());
+    QCOMPARE(window.openedCard()->fullPath(), path);
+    QCOMPARE(window.records()->page(), 2);
+    QCOMPARE(window.records()->currentTask()->uidString(), uid);
 }
 
 QTEST_MAIN(TestMRLDB)

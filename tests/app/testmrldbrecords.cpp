@@ -125,7 +125,7 @@ void TestMRLDBRecords::newRecordAccepted()
     window.action("new")->trigger();
     QCOMPARE(card->count(), 2);
     QCOMPARE(at(card, 1)->stringValue(0), QStringLiteral("added"));
-    QCOMPARE(window.recordListView()->currentTask(), card->records().at(1));
+    QCOMPARE(window.records()->currentTask(), card->records().at(1));
 }
 
 void TestMRLDBRecords::newRecordCancelled()
@@ -170,7 +170,7 @@ void TestMRLDBRecords::duplicateIsAddedOnlyWhenAccepted()
     TestHome home;
     MRLDB window;
     DataManager *card = openCard(window, home, { field(FieldDef::String, "Name") }, 1);
-    window.recordListView()->showRecord(at(card, 0));
+    window.records()->showRecord(at(card, 0));
     const QString uid = at(card, 0)->uidString();
     QString copyUid;
     whenShown<DataEditor>([&](DataEditor *editor) {
@@ -199,7 +199,7 @@ void TestMRLDBRecords::removeAsks()
     TestHome home;
     MRLDB window;
     DataManager *card = openCard(window, home, { field(FieldDef::String, "Name") }, 2);
-    window.recordListView()->showRecord(at(card, 1));
+    window.records()->showRecord(at(card, 1));
     answer(yes);
     window.action("delete")->trigger();
     QCOMPARE(card->count(), count);
@@ -226,7 +226,7 @@ void TestMRLDBRecords::memoPaneSavesEveryKeystroke()
     DataManager *card = openCard(
         window, home, { field(FieldDef::String, "Name"), field(FieldDef::Memo, "Notes") }, 2);
     window.toggleMemo();
-    window.recordListView()->showRecord(at(card, 1));
+    window.records()->showRecord(at(card, 1));
     auto *memo = window.findChild<QPlainTextEdit *>(QStringLiteral("memo"));
     QVERIFY(memo->isEnabled());
     QSignalSpy updates(card, &PIMManager::taskUpdated);
@@ -244,7 +244,7 @@ void TestMRLDBRecords::memoPaneShownTakesTheCurrentMemo()
     DataManager *card = openCard(
         window, home, { field(FieldDef::String, "Name"), field(FieldDef::Memo, "Notes") }, 1);
     at(card, 0)->setMemo(QStringLiteral("kept"));
-    window.recordListView()->showRecord(at(card, 0));
+    window.records()->showRecord(at(card, 0));
     QSignalSpy updates(card, &PIMManager::taskUpdated);
     window.toggleMemo();
     auto *memo = window.findChild<QPlainTextEdit *>(QStringLiteral("memo"));

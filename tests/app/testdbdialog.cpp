@@ -1,0 +1,169 @@
+#include "app/dbdialog.h"
+#include "app/resourceicons.h"
+#include "card/datamanager.h"
+#include "modaldriver.h"
+#include "store/dbmanager.h"
+#include "store/dbrecord.h"
+#include "support/testhome.h"
+#include "views/dblistview.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTest>
+
+// The card chooser: what its buttons allow for the current entry, what it gives back, and
+// its picking mode.
+class TestDBDialog : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void form();
+    void enablingFollowsAvailability_data();
+    void enablingFollowsAvailability();
+    void nothingSelected();
+    void selectMode();
+    void selectAccepts();
+};
+
+namespace
+{
+// Cards "Here" (described) and "Gone" (its file removed after listing) in the documents.
+struct Listed {
+    Listed()
+        : list(false)
+    {
+        list.load();
+        for (const QString &title : { QStringLiteral("Here"), QStringLiteral("Gone") }) {
+            DataManager card(path(title));
+            card.setDescription(title + QStringLiteral(" notes"));
+            card.forceSave();
+            list.addCard(path(title));
+        }
+        QFile::remove(path(QStringLiteral("Gone")));
+    }
+    QString path(const QString &title) const
+    {
+        return home.documents() + QLatin1Char('/') + title + QStringLiteral(".card");
+    }
+
+    TestHome home;
+    DBManager list;
+};
+
+bool enabled(const QDialog &dialog, const char *name)
+{
+    return dialog.findChild<QPushButton *>(QString::fromLatin1(name))->isEnabled();
+}
+
+QList<QAction *> menuItems(const QDialog &dialog, const char *menu)
+{
+    QList<QAction *> items;
+    for (QAction *item : dialog.findChild<QMenu *>(QString::fromLatin1(menu))->actions()) {
+        if (!item->isSeparator())
+            items << item;
+    }
+    return items;
+}
+} // namespace
+
+void TestDBDialog::initTestCase()
+{
+    qApp->setObjectName(QStringLiteral("norvika"));
+    ResourceIcons::reset();
+}
+
+void TestDBDialog::form()
+{
+    Listed listed;
+    DBDialog dialog(&listed.list, QString());
+    QCOMPARE(dialog.windowTitle(), QStringLiteral("Select Card"));
+    QCOMPARE(dialog.findChild<DBListView *>("db")->itemCount(), 2);
+    QCOMPARE(dialog.findChild<QPushButton *>("btnOk")->text(), QStringLiteral("Close"));
+    QVERIFY(dialog.findChild<QPlainTextEdit *>("memo")->isReadOnly());
+
+    const QList<QAction *> remove = menuItems(dialog, "removeMenu");
+    QCOMPARE(remove.size(), 2);
+    QCOMPARE(remove.at(0)->text(), QStringLiteral("Remove from List"));
+    QCOMPARE(remove.at(1)->text(), QStringLiteral("Delete Card"));
+    // Importing and PC Link are not offered yet.
+    const QList<QAction *> open = menuItems(dialog, "openMenu");
+    QCOMPARE(open.size(), 3);
+    QCOMPARE(open.at(0)->text(), QStringLiteral("Open Card ..."));
+    QVERIFY(open.at(0)->isEnabled());
+    QCOMPARE(open.at(1)->text(), QStringLiteral("Import Card ..."));
+    QVERIFY(!open.at(1)->isEnabled());
+    QCOMPARE(open.at(2)->text(), QStringLiteral("PC Link ..."));
+    QVERIFY(!open.at(2)->isEnabled());
+}
+
+void TestDBDialog::enablingFollowsAvailability_data()
+{
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<bool>("available");
+
+    QTest::newRow("available") << "Here" << true;
+    QTest::newRow("file removed") << "Gone" << false;
+}
+
+void TestDBDialog::enablingFollowsAvailability()
+{
+    QFETCH(QString, title);
+    QFETCH(bool, available);
+    Listed listed;
+    DBDialog dialog(&listed.list, listed.path(title));
+    DBRecord *entry = listed.list.findByPath(listed.path(title));
+    QCOMPARE(listed.list.isAvailable(entry), available);
+    QCOMPARE(entry->title(), title);
+    QCOMPARE(enabled(dialog, "btnEdit"), available);
+    QCOMPARE(enabled(dialog, "btnDup"), available);
+    QCOMPARE(enabled(dialog, "btnSelect"), available);
+    QCOMPARE(menuItems(dialog, "removeMenu").at(1)->isEnabled(), available);
+    QVERIFY(enabled(dialog, "btnRemove"));
+    // The description as last read from the card file, which is kept while the file is away.
+    QCOMPARE(dialog.findChild<QPlainTextEdit *>("memo")->toPlainText(),
+        title + QStringLiteral(" notes"));
+    QCOMPARE(dialog.selectedPath(), available ? listed.path(title) : QString());
+    QCOMPARE(dialog.selectedPath().isNull(), !available);
+}
+
+void TestDBDialog::nothingSelected()
+{
+    TestHome home;
+    DBManager list(false);
+    list.load();
+    DBDialog dialog(&list, QString());
+    for (const char *name : { "btnRemove", "btnEdit", "btnDup", "btnSelect" })
+        QVERIFY2(!enabled(dialog, name), name);
+    QVERIFY(enabled(dialog, "btnNew"));
+    QVERIFY(dialog.selectedPath().isNull());
+}
+
+void TestDBDialog::selectMode()
+{
+    Listed listed;
+    DBDialog dialog(&listed.list, listed.path(QStringLiteral("Here")));
+    dialog.selectMode(listed.path(QStringLiteral("Here")));
+    for (const char *name : { "btnEdit", "btnDup", "btnRemove" })
+        QVERIFY2(dialog.findChild<QPushButton *>(name)->isHidden(), name);
+    QCOMPARE(dialog.findChild<QPushButton *>("btnSelect")->text(), QStringLiteral("Select"));
+    QVERIFY(!enabled(dialog, "btnSelect"));
+    QVERIFY(dialog.selectedPath().isNull());
+}
+
+void TestDBDialog::selectAccepts()
+{
+    Listed listed;
+    DBDialog dialog(&listed.list, listed.path(QStringLiteral("Here")));
+    ModalDriver driver(QStringList { QStringLiteral("btnSelect") });
+    QCOMPARE(dialog.exec(), int(QDialog::Accepted));
+    QCOMPARE(driver.seen(), QStringList { QStringLiteral("Select Card") });
+    QCOMPARE(dialog.selectedPath(), listed.path(QStringLiteral("Here")));
+}
+
+QTEST_MAIN(TestDBDialog)
+#include "testdbdialog.moc"

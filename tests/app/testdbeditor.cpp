@@ -1,0 +1,268 @@
+#include "app/dbeditor.h"
+#include "app/resourceicons.h"
+#include "card/datamanager.h"
+#include "lib/qt/iconviewdialog.h"
+#include "modaldriver.h"
+#include "platform/config.h"
+#include "store/dbmanager.h"
+#include "store/dbrecord.h"
+#include "support/testhome.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTest>
+
+class TestDBEditor : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void prepareShowsEntry();
+    void prepareNewCardInDefaultFolder();
+    void titleChecks_data();
+    void titleChecks();
+    void applyCopiesValues_data();
+    void applyCopiesValues();
+    void lock_data();
+    void lock();
+    void selectIcon();
+};
+
+namespace
+{
+QString makeCard(const QString &path)
+{
+    DataManager card(path);
+    card.forceSave();
+    return path;
+}
+
+QString defaultPathSetting()
+{
+    Config config(QStringLiteral("norvika"));
+    config.setGroup(QStringLiteral("CardOptions"));
+    return config.readEntry(QStringLiteral("defaultPath"));
+}
+
+// A listed card "Old" in the documents folder, described and locked.
+struct Listed {
+    Listed()
+        : list(false)
+    {
+        list.load();
+        record = new DBRecord(&list);
+        record->setTitle(QStringLiteral("Old"));
+        record->setDescription(QStringLiteral("two\nlines"));
+        record->setIcon(QStringLiteral("7"));
+        record->setPassword(QStringLiteral("pw"));
+        record->setPath(home.documents() + QStringLiteral("/Old.card"));
+        list.createCard(record);
+    }
+
+    TestHome home;
+    DBManager list;
+    DBRecord *record;
+};
+} // namespace
+
+void TestDBEditor::initTestCase()
+{
+    qApp->setObjectName(QStringLiteral("norvika"));
+    ResourceIcons::reset();
+}
+
+void TestDBEditor::prepareShowsEntry()
+{
+    Listed listed;
+    DBEditor editor(&listed.list);
+    QString title, memo, folder;
+    ModalDriver driver(QList<ModalDriver::Step> { [&](QWidget *dialog) {
+        title = dialog->findChild<QLineEdit *>("title")->text();
+        memo = dialog->findChild<QPlainTextEdit *>("memo")->toPlainText();
+        folder = dialog->findChild<QLineEdit *>("path")->text();
+        ModalDriver::click(dialog, "btnCancel");
+    } });
+    QCOMPARE(editor.prepare(listed.record), int(QDialog::Rejected));
+    QCOMPARE(title, QStringLiteral("Old"));
+    QCOMPARE(memo, QStringLiteral("two\nlines"));
+    QCOMPARE(folder, listed.home.documents());
+    QCOMPARE(editor.iconName(), QStringLiteral("7"));
+    QCOMPARE(editor.password(), QStringLiteral("pw"));
+}
+
+// A new card starts in the folder of the last new card.
+void TestDBEditor::prepareNewCardInDefaultFolder()
+{
+    Listed listed;
+    QString folder;
+    {
+        Config config(QStringLiteral("norvika"));
+        config.setGroup(QStringLiteral("CardOptions"));
+        config.writeEntry(QStringLiteral("defaultPath"), QStringLiteral("/media/cards"));
+    }
+    DBRecord fresh(&listed.list);
+    DBEditor freshEditor(&listed.list);
+    ModalDriver freshDriver(QList<ModalDriver::Step> { [&](QWidget *dialog) {
+        folder = dialog->findChild<QLineEdit *>("path")->text();
+        ModalDriver::click(dialog, "btnCancel");
+    } });
+    freshEditor.prepare(&fresh);
+    QCOMPARE(folder, QStringLiteral("/media/cards"));
+}
+
+void TestDBEditor::titleChecks_data()
+{
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("folder"); // relative to the documents folder
+    QTest::addColumn<QString>("refusal"); // empty when the dialog accepts
+
+    QTest::newRow("new name") << "New"
+                              << ""
+                              << "";
+    QTest::newRow("unchanged, its own file exists") << "Old"
+                                                    << ""
+                                                    << "";
+    QTest::newRow("empty") << ""
+                           << ""
+                           << "Card Title cannot be empty.";
+    QTest::newRow("slash") << "a/b"
+                           << ""
+                           << "Card Title cannot contain \"/\".";
+    QTest::newRow("another card's name") << "Other"
+                                         << ""
+                                         << "Card already exists.";
+    QTest::newRow("same title, other folder") << "Old"
+                                              << "sub"
+                                              << "";
+    QTest::newRow("another name in other folder") << "Other"
+                                                  << "sub"
+                                                  << "Card already exists.";
+    QTest::newRow("free name in other folder") << "Third"
+                                               << "sub"
+                                               << "";
+}
+
+void TestDBEditor::titleChecks()
+{
+    QFETCH(QString, title);
+    QFETCH(QString, folder);
+    QFETCH(QString, refusal);
+    Listed listed;
+    const QString docs = listed.home.documents();
+    QDir().mkpath(docs + QStringLiteral("/sub"));
+    makeCard(docs + QStringLiteral("/Other.card"));
+    makeCard(docs + QStringLiteral("/sub/Old.card"));
+    makeCard(docs + QStringLiteral("/sub/Other.card"));
+
+    const QString edit = QStringLiteral("title=%1 path=%2/%3 btnOk").arg(title, docs, folder);
+    QStringList steps { edit };
+    QStringList seen { QStringLiteral("Card's Details") };
+    if (!refusal.isEmpty()) {
+        steps << QStringLiteral("button1") << QStringLiteral("btnCancel");
+        seen << QStringLiteral("Invalid Card Title ... | ") + refusal
+             << QStringLiteral("Card's Details");
+    }
+    DBEditor editor(&listed.list);
+    ModalDriver driver(steps);
+    const int result = editor.prepare(listed.record);
+    QCOMPARE(driver.seen(), seen);
+    QCOMPARE(result, int(refusal.isEmpty() ? QDialog::Accepted : QDialog::Rejected));
+}
+
+void TestDBEditor::applyCopiesValues_data()
+{
+    QTest::addColumn<bool>("listed");
+    QTest::newRow("new card") << false;
+    QTest::newRow("listed card") << true;
+}
+
+void TestDBEditor::applyCopiesValues()
+{
+    QFETCH(bool, listed);
+    Listed cards;
+    const QString docs = cards.home.documents();
+    QDir().mkpath(docs + QStringLiteral("/sub"));
+    DBRecord fresh(&cards.list);
+    DBRecord *record = listed ? cards.record : &fresh;
+
+    DBEditor editor(&cards.list);
+    ModalDriver driver(QList<ModalDriver::Step> { [&](QWidget *dialog) {
+        ModalDriver::type(dialog, "title", QStringLiteral("Renamed"));
+        ModalDriver::type(dialog, "path", docs + QStringLiteral("/sub/"));
+        dialog->findChild<QPlainTextEdit *>("memo")->setPlainText(QStringLiteral("new text"));
+        ModalDriver::click(dialog, "btnOk");
+    } });
+    QCOMPARE(editor.prepare(record), int(QDialog::Accepted));
+    editor.apply(record);
+    QCOMPARE(record->title(), QStringLiteral("Renamed"));
+    QCOMPARE(record->path(), docs + QStringLiteral("/sub/Renamed.card"));
+    QCOMPARE(record->description(), QStringLiteral("new text"));
+    QCOMPARE(record->icon(), listed ? QStringLiteral("7") : QStringLiteral("12"));
+    // Only a new card's folder becomes the default for the next one.
+    QCOMPARE(defaultPathSetting(), listed ? QString() : docs + QStringLiteral("/sub"));
+}
+
+void TestDBEditor::lock_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QStringList>("steps");
+    QTest::addColumn<QString>("after");
+
+    QTest::newRow("untouched") << "pw" << QStringList { "btnOk" } << "pw";
+    QTest::newRow("cancelling the question unlocks")
+        << "pw" << QStringList { "lock btnOk", "p1=x btnCancel" } << "";
+    QTest::newRow("new password") << "pw" << QStringList { "lock btnOk", "p1=Neu p2=Neu btnOk" }
+                                  << "Neu";
+    QTest::newRow("locking an open card")
+        << "" << QStringList { "lock btnOk", "p1=a p2=a btnOk" } << "a";
+    QTest::newRow("mismatch asks again")
+        << "" << QStringList { "lock btnOk", "p1=a p2=b btnOk", "button1", "p1=c p2=c btnOk" }
+        << "c";
+}
+
+void TestDBEditor::lock()
+{
+    QFETCH(QString, before);
+    QFETCH(QStringList, steps);
+    QFETCH(QString, after);
+    Listed listed;
+    listed.record->setPassword(before);
+    DBEditor editor(&listed.list);
+    ModalDriver driver(steps);
+    QCOMPARE(editor.prepare(listed.record), int(QDialog::Accepted));
+    QCOMPARE(driver.remaining(), 0);
+    editor.apply(listed.record);
+    QCOMPARE(listed.record->password(), after);
+}
+
+void TestDBEditor::selectIcon()
+{
+    Listed listed;
+    DBEditor editor(&listed.list);
+    QStringList names;
+    QString preselected;
+    ModalDriver driver(
+        QList<ModalDriver::Step> { [](QWidget *dialog) { ModalDriver::click(dialog, "icon"); },
+            [&](QWidget *dialog) {
+                auto *icons = qobject_cast<IconViewDialog *>(dialog);
+                names = icons->names();
+                preselected = icons->currentName();
+                icons->setCurrentName(QStringLiteral("33"));
+                icons->accept();
+            },
+            [](QWidget *dialog) { ModalDriver::click(dialog, "btnOk"); } });
+    // The editor's own step opens the icon view; the next step answers it, and the editor,
+    // shown again, is accepted.
+    editor.prepare(listed.record);
+    QCOMPARE(driver.remaining(), 0);
+    QCOMPARE(names.size(), 40);
+    QCOMPARE(names.mid(0, 4), QStringList({ "0", "1", "10", "11" }));
+    QCOMPARE(preselected, QStringLiteral("7"));
+    QCOMPARE(editor.iconName(), QStringLiteral("33"));
+}
+
+QTEST_MAIN(TestDBEditor)
+#include "testdbeditor.moc"
