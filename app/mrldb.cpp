@@ -76,7 +76,6 @@ MRLDB::MRLDB(QWidget *parent)
     connectCardActions();
     createToolBar();
     createPanes();
-    createRecordList();
     connectRecordCommands();
     selectionCleared();
     // The size of a window that is not maximized: room for a list of several columns.
@@ -708,6 +707,8 @@ void MRLDB::setupView(PIMListView *view, DataRecord *record)
         list->setFields(card->fields());
     view->setColumns(columns);
     view->init();
+}
+
 QString MRLDB::cardSetting() const
 {
     Config config(qApp->objectName());
