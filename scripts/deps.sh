@@ -5,7 +5,7 @@ set -euo pipefail
 
 packages=(
   cmake g++ make pkg-config
-  qt6-base-dev qt6-base-dev-tools libqt6core5compat6-dev qt6-tools-dev-tools
+  qt6-base-dev qt6-base-dev-tools qt6-5compat-dev qt6-tools-dev-tools
   libgl-dev uuid-dev libcrypt-dev
   oxygen-icon-theme
   xvfb xauth sqlite3 libsqlite3-dev
