@@ -3,10 +3,12 @@
 #include "app/dbdialog.h"
 #include "app/dbflows.h"
 #include "app/mrlapplication.h"
+#include "app/mrldialog.h"
 #include "app/passworddialog2.h"
 #include "app/resourceicons.h"
 #include "card/datamanager.h"
 #include "card/datarecord.h"
+#include "card/taskfinder.h"
 #include "edit/countenterpopup.h"
 #include "edit/customlistdialog.h"
 #include "edit/dataeditor.h"
@@ -17,11 +19,15 @@
 #include "lib/qt/mlyesnodialog.h"
 #include "lib/qt/mrlaction.h"
 #include "platform/config.h"
+#include "platform/qcopenvelope.h"
 #include "reminders/reminder.h"
 #include "store/dbmanager.h"
 #include "store/dbrecord.h"
 #include "views/listview.h"
 
+#include <QApplication>
+#include <QDesktopServices>
+#include <QDialog>
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QMenu>
@@ -29,6 +35,7 @@
 #include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
+#include <QUrl>
 #include <QVBoxLayout>
 
 namespace
@@ -843,4 +850,55 @@ void MRLDB::doRemoveCard()
     manager->save();
     if (DBFlows::deleteCard(cardList, entry, this))
         dbSelect();
+}
+
+// ---- Documents and reminders ----------------------------------------------------------------
+
+void MRLDB::getTask(DataRecord **result, const QString &uid)
+{
+    QStringList others;
+    for (const PIMRecord *entry : cardList->view())
+        others << static_cast<const DBRecord *>(entry)->path();
+    *result = TaskFinder::find(manager, others, uid);
+}
+
+bool MRLDB::modalDialogRunning()
+{
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    return std::any_of(windows.cbegin(), windows.cend(),
+        [](const QWidget *window) { return window->isVisible() && qobject_cast<const QDialog *>(window); });
+}
+
+void MRLDB::setDocument(const QString &file)
+{
+    if (modalDialogRunning())
+        return;
+    const QString extension = QFileInfo(file).suffix().toLower();
+    if (extension != QLatin1String("csv") && extension != QLatin1String("txt")) {
+        if (!file.isEmpty() && !cardList->findByPath(file))
+            cardList->addCard(file);
+        openCard(file);
+        return;
+    }
+    const int choice = MRLDialog::ask(qApp->objectName(), tr("What do you want to do?"),
+        QStringLiteral("dialog_warning"), tr("Import"), QStringLiteral("import"), tr("Edit"),
+        QStringLiteral("edit"));
+    if (choice == 2)
+        handTextToEditor(file);
+    // Importing a text file arrives with the importers.
+}
+
+// The text editor takes the file and this program leaves the stage. On a desktop the
+// editor is the one the desktop opens text files with.
+void MRLDB::handTextToEditor(const QString &file)
+{
+    {
+        QCopEnvelope e("QPE/Application/textedit", "setDocument(QString)");
+        e << file;
+    }
+    {
+        QCopEnvelope e("QPE/Application/textedit", "raise()");
+    }
+    QDesktopServices::openUrl(QUrl::fromLocalFile(file));
+    QTimer::singleShot(1000, qApp, &QCoreApplication::quit);
 }

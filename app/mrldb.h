@@ -77,7 +77,12 @@ public Q_SLOTS:
 
     // Services of the reminder dialog.
     void freeManager(PIMManager *manager);
+    void getTask(DataRecord **result, const QString &uid);
     void setupView(PIMListView *view, DataRecord *record);
+
+    // A document launched from outside: a card opens (entering the card list if new); a
+    // text file is offered to the text editor.
+    void setDocument(const QString &file);
 
 protected:
     bool event(QEvent *event) override;
@@ -106,6 +111,8 @@ private:
     void setRecordActionsEnabled(bool enabled);
 
     void connectRecordCommands();
+    static bool modalDialogRunning();
+    void handTextToEditor(const QString &file);
     // Runs the record editor on record (taken over when not stored) with editing set.
     void runEditor(DataRecord *record, int page);
     DataRecord *currentRecord() const;

@@ -13,6 +13,7 @@
 #include "views/listview.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QFile>
 #include <QMenu>
 #include <QPlainTextEdit>
@@ -51,6 +52,10 @@ private Q_SLOTS:
     void emptyListEndsProgram();
     void hideSavesCard();
     void reopenEventOpensCardAnew();
+    void documentLaunchOpensCard_data();
+    void documentLaunchOpensCard();
+    void documentLaunchWaitsForRunningDialog();
+    void getTaskFindsRecordOfAnotherCard();
 
 private:
     static QStringList itemsOf(const QList<QAction *> &actions);
@@ -557,6 +562,65 @@ void TestMRLDB::reopenEventOpensCardAnew()
     QCOMPARE(window.openedCard()->fullPath(), path);
     QCOMPARE(window.records()->page(), 2);
     QCOMPARE(window.records()->currentTask()->uidString(), uid);
+}
+
+void TestMRLDB::documentLaunchOpensCard_data()
+{
+    QTest::addColumn<bool>("listed");
+    QTest::newRow("card in the list") << true;
+    QTest::newRow("card new to the list") << false;
+}
+
+void TestMRLDB::documentLaunchOpensCard()
+{
+    QFETCH(bool, listed);
+    Cards cards;
+    QString path = cards.make(QStringLiteral("Books"), 2);
+    if (!listed) {
+        DBManager list(false);
+        list.load();
+        list.removeCard(list.findByPath(path), false);
+        list.save();
+    }
+    MRLDB window;
+    window.setDocument(path);
+    QVERIFY(window.openedCard());
+    QCOMPARE(window.openedCard()->fullPath(), path);
+    QVERIFY(window.cards()->findByPath(path));
+}
+
+void TestMRLDB::documentLaunchWaitsForRunningDialog()
+{
+    Cards cards;
+    const QString path = cards.make(QStringLiteral("Books"), 2);
+    MRLDB window;
+    QDialog running;
+    running.show();
+    window.setDocument(path);
+    QVERIFY(!window.openedCard());
+}
+
+void TestMRLDB::getTaskFindsRecordOfAnotherCard()
+{
+    Cards cards;
+    const QString open = cards.make(QStringLiteral("Open"), 1);
+    const QString other = cards.make(QStringLiteral("Other"), 3);
+    QString uid;
+    {
+        DataManager card(other);
+        card.load();
+        uid = card.records().at(2)->uidString();
+    }
+    MRLDB window;
+    window.openCard(open);
+    DataRecord *found = nullptr;
+    window.getTask(&found, uid);
+    QVERIFY(found);
+    QCOMPARE(found->uidString(), uid);
+    QVERIFY(found->manager() != window.openedCard());
+    window.freeManager(found->manager());
+    window.getTask(&found, window.openedCard()->first()->uidString());
+    QCOMPARE(found, window.openedCard()->first());
 }
 
 QTEST_MAIN(TestMRLDB)
