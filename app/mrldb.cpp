@@ -387,8 +387,7 @@ void MRLDB::connectRecordCommands()
     }
 }
 
-// Takes over an opened card. The columns are the current view's, or every field when no
-// view is chosen.
+// Takes over an opened card and shows its records.
 void MRLDB::showCard(DataManager *card, const QString &title)
 {
     if (card != manager) {
@@ -398,16 +397,7 @@ void MRLDB::showCard(DataManager *card, const QString &title)
     cardTitle = title;
     setWindowTitle(tr("Card : %1").arg(title));
     const QList<FieldDef> fields = manager->fields();
-    const QList<ViewDef> views = manager->views();
-    const int view = manager->currentView();
-    QList<int> columns;
-    if (view >= 0 && view < views.size()) {
-        columns = views.at(view).columns;
-    } else {
-        for (int i = 0; i < fields.size(); ++i)
-            columns << i;
-    }
-    recordList->bind(manager, fields, columns);
+    recordList->bind(manager, fields, manager->currentColumns());
     setCardActionsEnabled(true);
 
     const bool hasMemo = std::any_of(fields.cbegin(), fields.cend(),

@@ -184,6 +184,16 @@ void DataManager::setCurrentView(int index)
     }
 }
 
+QList<int> DataManager::currentColumns() const
+{
+    if (m_currentView >= 0 && m_currentView < m_views.size())
+        return m_views.at(m_currentView).columns;
+    QList<int> all;
+    for (int i = 0; i < fieldCount(); ++i)
+        all << i;
+    return all;
+}
+
 bool DataManager::accept(PIMRecord *record)
 {
     if (m_currentFilter == -2)

@@ -65,6 +65,8 @@ public:
     int currentView() const { return m_currentView; }
     // Applies the view's sort and selects the filter it names, if there is one.
     void setCurrentView(int index);
+    // The fields the record list shows: the current view's columns, or every field.
+    QList<int> currentColumns() const;
 
     QString description() const { return m_description; }
     void setDescription(const QString &description);

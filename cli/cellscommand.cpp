@@ -54,7 +54,7 @@ int CellsCommand::run(const ArgumentParser &arguments)
     if (!error.isEmpty())
         return usageError(error);
 
-    const QList<int> shown = columns(*card);
+    const QList<int> shown = card->currentColumns();
     const QList<FieldDef> &fields = card->fieldList();
     for (const PIMRecord *record : card->view()) {
         QString line = record->uidString();
@@ -90,15 +90,4 @@ QString CellsCommand::select(const ArgumentParser &arguments, DataManager &card)
         card.setSort(card.sortColumn(), false);
     }
     return QString();
-}
-
-QList<int> CellsCommand::columns(const DataManager &card)
-{
-    const int view = card.currentView();
-    if (view >= 0 && view < card.views().size())
-        return card.views().at(view).columns;
-    QList<int> all;
-    for (int i = 0; i < card.fieldCount(); ++i)
-        all << i;
-    return all;
 }

@@ -3,8 +3,6 @@
 
 #include "cli/clicommand.h"
 
-#include <QList>
-
 class DataManager;
 
 // cells CARD [--view N] [--filter N] [--sort FIELD] [--descending]: the visible records as
@@ -31,7 +29,6 @@ protected:
 private:
     // Applies the options to the card in memory; an empty text, or what is wrong.
     static QString select(const ArgumentParser &arguments, DataManager &card);
-    static QList<int> columns(const DataManager &card);
 };
 
 #endif
