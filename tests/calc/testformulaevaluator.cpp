@@ -22,7 +22,6 @@ private Q_SLOTS:
     void nestingLimit();
     void references_data();
     void references();
-    void evaluatorIsReused();
 };
 
 namespace
@@ -61,19 +60,14 @@ void TestFormulaEvaluator::language_data()
     const double nan = std::nan("");
     const double pi = std::acos(-1.0);
     row("precedence", "1+2*3", 7, true);
-    row("brackets", "(1+2)*3", 9, true);
     row("subtraction from the left", "2-3-4", -5, true);
-    row("division from the left", "8/2/2", 2, true);
     row("unary minus binds tighter", "-2*3", -6, true);
     row("double minus", "--2", 2, true);
-    row("plus and blank", "+ 2", 2, true);
     row("sign after operator", "2*-3", -6, true);
     row("blanks everywhere", "  1 +\t2 *  3  ", 7, true);
     row("no-break space is a blank", QStringLiteral("1\u00a0+\u00a02"), 3, true);
-    row("decimals", "1.5+.5", 2, true);
     row("trailing point", "1.", 1, true);
     row("empty text", "", 0, true);
-    row("blank text", "   ", 0, true);
     row("trailing operand ignored", "2 3", 2, true);
     row("unclosed bracket", "(2", 0, false);
     row("stray closing bracket", "2)", 2, true);
@@ -87,20 +81,16 @@ void TestFormulaEvaluator::language_data()
     row("surrogate pair", QStringLiteral("1+\U0001F600"), 1, false);
     row("lone surrogate", QString(QChar(0xd800)) + QStringLiteral("+1"), 0, false);
     row("division by zero", "1/0", inf, true);
-    row("negative division by zero", "-1/0", -inf, true);
     row("zero by zero", "0/0", nan, true);
 
     row("sin", "sin(1)", std::sin(1.0), true);
     row("arccos", "arccos(-1)", pi, true);
-    row("abs", "abs(-3)", 3, true);
     row("sqrt of negative", "sqrt(-1)", nan, true);
-    row("arcsin out of range", "arcsin(2)", nan, true);
     row("atan of two", "atan(1,1)", pi / 4, true);
     row("atan, other quadrant", "atan(1,-1)", 3 * pi / 4, true);
     row("atan of one reads zero", "atan(1)", pi / 2, true);
     row("atan separator unseen", "atan(1;1)", pi / 4, true);
     row("argument is a sum", "abs(1-3)*2", 4, true);
-    row("nested calls", "sqrt(abs(-16))", 4, true);
     row("bracket unseen", "abs-3)", 3, true);
     row("blank before bracket, at the end", "sin (1)", std::sin(1.0), true);
     row("blank before bracket, followed", "sin (1)+1", 0, false);
@@ -110,9 +100,6 @@ void TestFormulaEvaluator::language_data()
     // These would take their last operator over and over; they stop and fail instead.
     row("plus at the end", "1+", 0, false);
     row("blank before the plus", "1 +", 0, false);
-    row("minus at the end", "3-", 0, false);
-    row("divided at the end", "2 /", 0, false);
-    row("after a sum", "1+2-", 0, false);
     row("inside a bracket", "(1+", 0, false);
     row("inside a call", "sin(1*", 0, false);
     row("after a failure", "bar+", 0, false);
@@ -183,15 +170,10 @@ void TestFormulaEvaluator::references_data()
     QTest::addColumn<bool>("ok");
     // Current record: 10, 20, 30, 40; previous record: 1, 2, 3, 4.
     QTest::newRow("field") << "[F1]" << 20.0 << true;
-    QTest::newRow("lower case") << "[f2]" << 30.0 << true;
     QTest::newRow("previous record") << "[F1!]" << 2.0 << true;
     QTest::newRow("both records") << "[F0]+[F1!]" << 12.0 << true;
-    QTest::newRow("in an expression") << "([F3] - [F0]) / [F2!]" << 10.0 << true;
-    QTest::newRow("in a call") << "sqrt([F3]*[F1]*2)" << 40.0 << true;
     QTest::newRow("lone f reads field 0") << "f" << 10.0 << true;
     QTest::newRow("foo reads field 0") << "foo(1)" << 10.0 << true;
-    QTest::newRow("two points read field 0") << "1.2.3" << 10.0 << true;
-    QTest::newRow("brackets without F") << "[12]" << 30.0 << true;
     QTest::newRow("token unchecked") << "F]3]" << 40.0 << true;
     QTest::newRow("index read from the third character") << "F3]]" << 10.0 << true;
     QTest::newRow("unreadable index reads field 0") << "[Fx]" << 10.0 << true;
@@ -230,21 +212,6 @@ void TestFormulaEvaluator::references()
     const Result result = run(formula, &record, withPrevious ? &previous : nullptr);
     QCOMPARE(result.value, expected);
     QCOMPARE(result.ok, ok);
-}
-
-void TestFormulaEvaluator::evaluatorIsReused()
-{
-    FormulaEvaluator evaluator;
-    bool ok = true;
-    QCOMPARE(evaluator.evaluate(QStringLiteral("1+"), &ok, nullptr, nullptr), 0.0);
-    QVERIFY(!ok);
-    QCOMPARE(evaluator.evaluate(QStringLiteral("(2"), &ok, nullptr, nullptr), 0.0);
-    QVERIFY(!ok);
-    QCOMPARE(evaluator.evaluate(QStringLiteral("2*(3+4)"), &ok, nullptr, nullptr), 14.0);
-    QVERIFY(ok);
-    QCOMPARE(evaluator.evaluate(QStringLiteral("sqrt(9)"), nullptr, nullptr, nullptr), 3.0);
-    QCOMPARE(evaluator.evaluate(QStringLiteral("[F0]+[F0!]"), &ok, nullptr, nullptr), 0.0);
-    QVERIFY(ok);
 }
 
 QTEST_GUILESS_MAIN(TestFormulaEvaluator)

@@ -12,12 +12,10 @@ class TestSystemDateTimeFormat : public QObject
 private Q_SLOTS:
     void init();
     void cleanup();
-    void defaultsWithoutSettings();
     void date_data();
     void date();
     void time_data();
     void time();
-    void followsChangedSettings();
 
 private:
     static void writeSettings(bool ampm, const QString &separator, int shortOrder);
@@ -49,15 +47,6 @@ void TestSystemDateTimeFormat::writeSettings(bool ampm, const QString &separator
         cfg.writeEntry(QStringLiteral("ShortOrder"), shortOrder);
     }
     DateTimeSettings::instance()->update();
-}
-
-void TestSystemDateTimeFormat::defaultsWithoutSettings()
-{
-    QCOMPARE(formatDate(QDate(2005, 4, 3)), QStringLiteral("03/04/2005"));
-    QCOMPARE(formatTime(QTime(13, 5)), QStringLiteral("01:05 PM"));
-    QVERIFY(formatDate(QDate()).isNull());
-    QVERIFY(formatTime(QTime(24, 0)).isNull());
-    QVERIFY(formatDateTimeDefault(QDateTime()).isNull());
 }
 
 void TestSystemDateTimeFormat::date_data()
@@ -109,15 +98,6 @@ void TestSystemDateTimeFormat::time()
     QFETCH(QString, expected);
     writeSettings(ampm, QStringLiteral("/"), 0421);
     QCOMPARE(formatTime(value), expected);
-}
-
-void TestSystemDateTimeFormat::followsChangedSettings()
-{
-    const QDateTime value(QDate(2005, 4, 3), QTime(13, 5));
-    writeSettings(true, QStringLiteral("/"), 0412);
-    QCOMPARE(formatDateTimeDefault(value), QStringLiteral("04/03/2005 01:05 PM"));
-    writeSettings(false, QStringLiteral("-"), 0124);
-    QCOMPARE(formatDateTimeDefault(value), QStringLiteral("2005-04-03 13:05"));
 }
 
 QTEST_GUILESS_MAIN(TestSystemDateTimeFormat)

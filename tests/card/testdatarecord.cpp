@@ -14,9 +14,6 @@ class TestDataRecord : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void slotsHoldOneKind();
-    void copyIsDeep();
-    void imageMarksManagerChanged();
     void binaryLayout();
     void truncatedRecordStopsReading_data();
     void truncatedRecordStopsReading();
@@ -39,68 +36,6 @@ static std::unique_ptr<DataManager> managerWith(const QList<int> &types, const T
         fields.append(makeField(type));
     manager->setFields(fields, true);
     return manager;
-}
-
-// A slot answers only the getter of the kind it holds; an index past the slots is ignored.
-void TestDataRecord::slotsHoldOneKind()
-{
-    TestHome home;
-    auto manager = managerWith({ FieldDef::String, FieldDef::Integer }, home);
-    DataRecord record(manager.get());
-    record.setStringValue(0, QStringLiteral("x"));
-    record.setDoubleValue(1, -7.9);
-    QCOMPARE(record.intValue(1), -7);
-    QCOMPARE(record.doubleValue(0), 0.0);
-    QVERIFY(record.stringValue(1).isNull());
-    QVERIFY(!record.dateValue(0).isValid());
-    record.clearValue(0);
-    QVERIFY(!record.isSet(0));
-    record.setStringValue(2, QStringLiteral("x"));
-    record.setDoubleValue(-1, 3);
-    QCOMPARE(record.slotCount(), 2);
-    QVERIFY(record.stringValue(2).isNull());
-    QCOMPARE(record.doubleValue(-1), 0.0);
-}
-
-void TestDataRecord::copyIsDeep()
-{
-    TestHome home;
-    auto manager = managerWith({ FieldDef::String, FieldDef::Double }, home);
-    DataRecord record(manager.get());
-    record.setStringValue(0, QStringLiteral("kept"));
-    record.setDoubleValue(1, 2.5);
-    record.setMemo(QStringLiteral("memo"));
-    record.setImage(QStringLiteral("pic.png"));
-    auto *reminder = new Reminder;
-    reminder->dateTime = QDateTime(QDate(2030, 1, 1), QTime(9, 0));
-    record.setReminder(reminder);
-
-    DataRecord copy(record);
-    record.setStringValue(0, QStringLiteral("changed"));
-    record.setDoubleValue(1, 0);
-    record.reminder()->type = 5;
-    record.setMemo(QString());
-
-    QCOMPARE(copy.uidString(), record.uidString());
-    QCOMPARE(copy.stringValue(0), QStringLiteral("kept"));
-    QCOMPARE(copy.doubleValue(1), 2.5);
-    QCOMPARE(copy.memo(), QStringLiteral("memo"));
-    QCOMPARE(copy.image(), QStringLiteral("pic.png"));
-    QVERIFY(copy.reminder() != record.reminder());
-    QCOMPARE(copy.reminder()->type, 0);
-    QCOMPARE(copy.reminder()->dateTime, reminder->dateTime);
-}
-
-void TestDataRecord::imageMarksManagerChanged()
-{
-    TestHome home;
-    auto manager = managerWith({ FieldDef::Image }, home);
-    QVERIFY(manager->save());
-    QVERIFY(!manager->isChanged());
-    DataRecord record(manager.get());
-    record.setImage(QStringLiteral("a.png"));
-    QVERIFY(manager->isChanged());
-    QVERIFY(record.hasImage());
 }
 
 static const uuid_t fixedUid = { 0x00, 0x11, 0x22, 0x33, 0x44, 0x55, 0x66, 0x77, 0x88, 0x99, 0xaa,

@@ -1,7 +1,5 @@
 #include "card/fielddef.h"
-#include "store/binaryformat.h"
 
-#include <QDataStream>
 #include <QTest>
 
 class TestFieldDef : public QObject
@@ -11,7 +9,6 @@ class TestFieldDef : public QObject
 private Q_SLOTS:
     void truncation_data();
     void truncation();
-    void streamRoundTrip();
 };
 
 void TestFieldDef::truncation_data()
@@ -31,38 +28,6 @@ void TestFieldDef::truncation()
     QFETCH(double, value);
     QFETCH(int, expected);
     QCOMPARE(FieldDef::truncated(value), expected);
-}
-
-static FieldDef sampleField()
-{
-    FieldDef field;
-    field.title = QStringLiteral("Größe");
-    field.label = QStringLiteral("Größe");
-    field.type = FieldDef::MultiList;
-    field.defaultValue = QStringLiteral("a;b");
-    field.items = { QStringLiteral("a"), QStringLiteral("b"), QString() };
-    field.width = 80;
-    field.origin = 3;
-    return field;
-}
-
-void TestFieldDef::streamRoundTrip()
-{
-    const FieldDef field = sampleField();
-    QByteArray bytes;
-    {
-        QDataStream out(&bytes, QIODevice::WriteOnly);
-        BinaryFormat::prepare(out);
-        field.write(out);
-    }
-    QDataStream in(bytes);
-    BinaryFormat::prepare(in);
-    FieldDef read;
-    read.origin = 7;
-    QVERIFY(read.read(in));
-    QCOMPARE(read, field);
-    QCOMPARE(read.origin, -1);
-    QVERIFY(in.atEnd());
 }
 
 QTEST_GUILESS_MAIN(TestFieldDef)

@@ -17,8 +17,6 @@ class TestTaskFinder : public QObject
 private Q_SLOTS:
     void openCardFirst();
     void recordInAnotherCard();
-    void openCardIsNotReadAgain();
-    void unknownUid();
 };
 
 namespace
@@ -75,26 +73,6 @@ void TestTaskFinder::recordInAnotherCard()
     QCOMPARE(other->fullPath(), secondPath);
     QCOMPARE(found->stringValue(0), QStringLiteral("second"));
     QCOMPARE(found->uidString(), uid);
-}
-
-void TestTaskFinder::openCardIsNotReadAgain()
-{
-    TestHome home;
-    const QString path = home.file("open.card");
-    const QString uid = makeCard(path, "gone");
-    auto open = openCard(path);
-    // Removed from the open card but still in its file: the file is not asked.
-    open->remove(open->findByUid(uid));
-    QVERIFY(!TaskFinder::find(open.get(), { path }, uid));
-}
-
-void TestTaskFinder::unknownUid()
-{
-    TestHome home;
-    const QString path = home.file("card.card");
-    makeCard(path, "one");
-    QVERIFY(!TaskFinder::find(nullptr, { path, home.file("missing.card") },
-        QStringLiteral("12345678-1234-1234-1234-123456789abc")));
 }
 
 QTEST_GUILESS_MAIN(TestTaskFinder)

@@ -21,7 +21,6 @@ void TestCli::commandLine_data()
 
     QTest::newRow("help") << QStringList{"--help"} << 0 << QByteArray("usage: norvika-cli") << QByteArray();
     QTest::newRow("version") << QStringList{"--version"} << 0 << QByteArray("norvika-cli " NORVIKA_VERSION "\n") << QByteArray();
-    QTest::newRow("help after home") << QStringList{"--home", "/tmp/x", "--help"} << 0 << QByteArray("usage:") << QByteArray();
     QTest::newRow("no command") << QStringList{} << 2 << QByteArray() << QByteArray("norvika-cli: no command given");
     QTest::newRow("unknown command") << QStringList{"frobnicate"} << 2 << QByteArray()
                                      << QByteArray("norvika-cli: unknown command frobnicate");

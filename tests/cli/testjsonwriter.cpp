@@ -2,7 +2,6 @@
 
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QJsonObject>
 #include <QTest>
 
 #include <limits>
@@ -12,52 +11,21 @@ class TestJsonWriter : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void keepsKeyOrderAndNests();
     void numbers_data();
     void numbers();
     void strings_data();
     void strings();
 };
 
-void TestJsonWriter::keepsKeyOrderAndNests()
-{
-    JsonWriter w;
-    w.beginObject();
-    w.key(QStringLiteral("z"));
-    w.value(1);
-    w.key(QStringLiteral("a"));
-    w.beginArray();
-    w.nullValue();
-    w.value(true);
-    w.beginObject();
-    w.endObject();
-    w.endArray();
-    w.key(QStringLiteral("m"));
-    w.stringOrNull(QString());
-    w.endObject();
-    const QByteArray text = w.result();
-    QVERIFY(text.indexOf("\"z\"") < text.indexOf("\"a\""));
-    QVERIFY(text.indexOf("\"a\"") < text.indexOf("\"m\""));
-    QJsonParseError error;
-    const QJsonObject o = QJsonDocument::fromJson(text, &error).object();
-    QCOMPARE(error.error, QJsonParseError::NoError);
-    QCOMPARE(o.value(QStringLiteral("z")).toInt(), 1);
-    QCOMPARE(o.value(QStringLiteral("a")).toArray().size(), 3);
-    QVERIFY(o.value(QStringLiteral("m")).isNull());
-}
-
 void TestJsonWriter::numbers_data()
 {
     QTest::addColumn<double>("value");
     QTest::addColumn<QString>("text");
     QTest::newRow("integer") << 3.0 << "3";
-    QTest::newRow("tenth reads back") << 0.1 << "0.1";
     QTest::newRow("third reads back") << 1.0 / 3.0 << "0.3333333333333333";
     QTest::newRow("negative zero") << -0.0 << "-0";
-    QTest::newRow("large") << 1e300 << "1e+300";
     QTest::newRow("nan") << std::numeric_limits<double>::quiet_NaN() << "nan";
     QTest::newRow("inf") << std::numeric_limits<double>::infinity() << "inf";
-    QTest::newRow("-inf") << -std::numeric_limits<double>::infinity() << "-inf";
 }
 
 void TestJsonWriter::numbers()
@@ -75,7 +43,6 @@ void TestJsonWriter::strings_data()
     QTest::newRow("quotes and backslash") << QStringLiteral("a\"b\\c");
     QTest::newRow("control characters") << QStringLiteral("tab\there\nline\x01");
     QTest::newRow("non-Latin and a surrogate pair") << QStringLiteral("Ærø ключ 鍵 😀");
-    QTest::newRow("empty") << QStringLiteral("");
 }
 
 void TestJsonWriter::strings()

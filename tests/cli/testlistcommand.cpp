@@ -14,8 +14,6 @@ class TestListCommand : public QObject
 private Q_SLOTS:
     void emptyList();
     void addPrintsEntry();
-    void addTwiceListsOnce();
-    void addRelativePath();
     void removeKeepsFile();
     void unavailableCard();
     void displayOrderFollowsStoredSort();
@@ -66,29 +64,6 @@ void TestListCommand::addPrintsEntry()
     QVERIFY(listFile(home).contains("I=" + path.toUtf8() + "\nEND\n"));
     // The entry stays: a plain listing shows it again.
     QCOMPARE(runCli(home.path(), { "list" }).out, result.out);
-}
-
-void TestListCommand::addTwiceListsOnce()
-{
-    TestHome home;
-    const QString path = makeCard(home, QStringLiteral("Once"));
-    runCli(home.path(), { "list", "--add", path });
-    const CliResult result = runCli(home.path(), { "list", "--add", path });
-    QCOMPARE(result.status, 0);
-    QCOMPARE(result.out, line(QStringLiteral("Once"), "available", path));
-    QCOMPARE(listFile(home).count("I="), 1);
-}
-
-void TestListCommand::addRelativePath()
-{
-    TestHome home;
-    const QString path = makeCard(home, QStringLiteral("Near"));
-    const QString previous = QDir::currentPath();
-    QDir::setCurrent(home.path());
-    const CliResult result = runCli(home.path(), { "list", "--add", "documents/./Near.card" });
-    QDir::setCurrent(previous);
-    QCOMPARE(result.status, 0);
-    QCOMPARE(result.out, line(QStringLiteral("Near"), "available", path));
 }
 
 void TestListCommand::removeKeepsFile()

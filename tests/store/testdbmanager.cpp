@@ -20,29 +20,12 @@ private Q_SLOTS:
     void loadMakesEntriesFromPaths();
     void refresh_data();
     void refresh();
-    void deletedCardStaysListedAfterRestart();
-    void newCardWritesItsFile();
-    void newCardInMissingFolderIsDropped();
-    void existingUnreadableFileIsNotOverwritten();
     void titleChangeMovesFile();
     void moveIntoUnwritableFolderRestores();
     void moveNeverOverwritesAnotherCard();
-    void removalRewritesFollowerHeader();
     void removal_data();
     void removal();
-    void addCardOnlyOnce();
     void duplicateGivesNewIdentities();
-    void duplicateNamesCount();
-    void duplicateOfMissingCardFails();
-    void copyFile_data();
-    void copyFile();
-    void copyFileFailures();
-    void sortByColumn_data();
-    void sortByColumn();
-    void sortKeysChanged_data();
-    void sortKeysChanged();
-    void updateMovesEntryInView();
-    void iconDirFallsBackToLowResolution();
 };
 
 namespace
@@ -89,14 +72,6 @@ CardHeader readHeader(const QString &path)
 DBRecord *entryAt(const DBManager &list, int i)
 {
     return static_cast<DBRecord *>(list.records().at(i));
-}
-
-QStringList viewTitles(const DBManager &list)
-{
-    QStringList titles;
-    for (const PIMRecord *record : list.view())
-        titles << record->title();
-    return titles;
 }
 
 // An entry of a new card; the list writes its file when it is added.
@@ -276,69 +251,6 @@ void TestDBManager::refresh()
     delete record;
 }
 
-void TestDBManager::deletedCardStaysListedAfterRestart()
-{
-    TestHome home;
-    const QString docs = home.documents();
-    {
-        DBManager list(false);
-        list.load();
-        QVERIFY(list.createCard(newEntry(list, docs, QStringLiteral("Kept"))));
-        QVERIFY(list.createCard(newEntry(list, docs, QStringLiteral("Lost"))));
-    }
-    QVERIFY(QFile::remove(docs + QStringLiteral("/Lost.card")));
-    DBManager list(false);
-    QVERIFY(list.load());
-    list.refreshAll();
-    QCOMPARE(list.count(), 2);
-    QVERIFY(list.isAvailable(entryAt(list, 0)));
-    QCOMPARE(entryAt(list, 1)->title(), QStringLiteral("Lost"));
-    QVERIFY(!list.isAvailable(entryAt(list, 1)));
-}
-
-void TestDBManager::newCardWritesItsFile()
-{
-    TestHome home;
-    DBManager list(false);
-    list.load();
-    DBRecord *record = newEntry(list, home.documents(), QStringLiteral("New"));
-    record->setIcon(QStringLiteral("30"));
-    record->setDescription(QStringLiteral("fresh"));
-    record->setPassword(QStringLiteral("lock"));
-    QVERIFY(list.createCard(record));
-    QVERIFY(list.isAvailable(record));
-    QCOMPARE(list.paths(), QStringList(record->path()));
-    const CardHeader header = readHeader(record->path());
-    QCOMPARE(header.icon, QStringLiteral("30"));
-    QCOMPARE(header.description, QStringLiteral("fresh"));
-    QCOMPARE(header.password, QStringLiteral("lock"));
-    QVERIFY(!list.isChanged());
-}
-
-void TestDBManager::newCardInMissingFolderIsDropped()
-{
-    TestHome home;
-    DBManager list(false);
-    list.load();
-    QVERIFY(!list.createCard(newEntry(list, home.file(QStringLiteral("absent")), "X")));
-    QCOMPARE(list.count(), 0);
-    QVERIFY(list.paths().isEmpty());
-    QVERIFY(!fileBytes(list.fullPath()).contains("I="));
-}
-
-void TestDBManager::existingUnreadableFileIsNotOverwritten()
-{
-    TestHome home;
-    const QString path = home.documents() + QStringLiteral("/Notes.card");
-    writeFile(path, "not a card at all");
-    DBManager list(false);
-    list.load();
-    DBRecord *record = list.addCard(path);
-    QVERIFY(record);
-    QVERIFY(!list.isAvailable(record));
-    QCOMPARE(fileBytes(path), QByteArray("not a card at all"));
-}
-
 void TestDBManager::titleChangeMovesFile()
 {
     TestHome home;
@@ -404,22 +316,6 @@ void TestDBManager::moveNeverOverwritesAnotherCard()
     QVERIFY(QFileInfo::exists(docs + QStringLiteral("/Same.card")));
 }
 
-void TestDBManager::removalRewritesFollowerHeader()
-{
-    TestHome home;
-    const QString docs = home.documents();
-    DBManager list(false);
-    list.load();
-    QVERIFY(list.createCard(newEntry(list, docs, QStringLiteral("Gone"))));
-    DBRecord *follower = newEntry(list, docs, QStringLiteral("Follower"));
-    QVERIFY(list.createCard(follower));
-    follower->setDescription(QStringLiteral("from the list"));
-
-    QVERIFY(list.removeCard(entryAt(list, 0), false));
-    QCOMPARE(list.count(), 1);
-    QCOMPARE(readHeader(follower->path()).description, QStringLiteral("from the list"));
-}
-
 void TestDBManager::removal_data()
 {
     QTest::addColumn<bool>("deleteFile");
@@ -441,25 +337,6 @@ void TestDBManager::removal()
     QVERIFY(list.paths().isEmpty());
     QCOMPARE(QFileInfo::exists(path), !deleteFile);
     QVERIFY(!fileBytes(list.fullPath()).contains("I="));
-}
-
-void TestDBManager::addCardOnlyOnce()
-{
-    TestHome home;
-    const QString path = home.documents() + QStringLiteral("/Outside.card");
-    makeCard(path, QStringLiteral("4"), QStringLiteral("d"));
-    DBManager list(false);
-    list.load();
-    DBRecord *record = list.addCard(path);
-    QVERIFY(record);
-    QVERIFY(list.isAvailable(record));
-    QCOMPARE(record->title(), QStringLiteral("Outside"));
-    QCOMPARE(record->icon(), QStringLiteral("4"));
-    QVERIFY(!list.addCard(path));
-    QCOMPARE(list.count(), 1);
-    QCOMPARE(list.findByPath(path), record);
-    QCOMPARE(list.findByTitle(QStringLiteral("Outside")), record);
-    QVERIFY(!list.findByTitle(QStringLiteral("outside")));
 }
 
 void TestDBManager::duplicateGivesNewIdentities()
@@ -497,233 +374,6 @@ void TestDBManager::duplicateGivesNewIdentities()
     for (const PIMRecord *record : duplicate.records())
         QVERIFY(!uids.contains(record->uidString()));
     QCOMPARE(duplicate.description(), QStringLiteral("text"));
-}
-
-void TestDBManager::duplicateNamesCount()
-{
-    TestHome home;
-    const QString path = home.documents() + QStringLiteral("/Twice.card");
-    makeCard(path);
-    DBManager list(false);
-    list.load();
-    DBRecord *source = list.addCard(path);
-    QVERIFY(list.duplicateCard(source));
-    DBRecord *second = list.duplicateCard(source);
-    QVERIFY(second);
-    QCOMPARE(second->path(), home.documents() + QStringLiteral("/Twice_Copy_2.card"));
-    QCOMPARE(list.duplicatePath(source), home.documents() + QStringLiteral("/Twice_Copy_3.card"));
-}
-
-void TestDBManager::duplicateOfMissingCardFails()
-{
-    TestHome home;
-    DBManager list(false);
-    list.load();
-    DBRecord *source = newEntry(list, home.documents(), QStringLiteral("Source"));
-    QVERIFY(list.createCard(source));
-    QVERIFY(QFile::remove(source->path()));
-    QVERIFY(!list.duplicateCard(source));
-    QCOMPARE(list.count(), 1);
-    QVERIFY(!QFileInfo::exists(home.documents() + QStringLiteral("/Source_Copy_1.card")));
-}
-
-void TestDBManager::copyFile_data()
-{
-    QTest::addColumn<int>("size");
-    QTest::addColumn<bool>("remove");
-    QTest::newRow("empty") << 0 << false;
-    QTest::newRow("small, moved") << 10 << true;
-    QTest::newRow("one block") << 16384 << false;
-    QTest::newRow("blocks and a rest, moved") << 3 * 16384 + 17 << true;
-}
-
-void TestDBManager::copyFile()
-{
-    QFETCH(int, size);
-    QFETCH(bool, remove);
-    TestHome home;
-    const QString source = home.file(QStringLiteral("source"));
-    const QString target = home.file(QStringLiteral("target"));
-    QByteArray bytes(size, Qt::Uninitialized);
-    for (int i = 0; i < size; ++i)
-        bytes[i] = char(i * 7 + i / 256);
-    writeFile(source, bytes);
-    writeFile(target, "older, longer content than some sources");
-    QVERIFY(DBManager::copyFile(source, target, remove));
-    QCOMPARE(fileBytes(target), bytes);
-    QCOMPARE(QFileInfo::exists(source), !remove);
-}
-
-void TestDBManager::copyFileFailures()
-{
-    TestHome home;
-    const QString source = home.file(QStringLiteral("source"));
-    const QString target = home.file(QStringLiteral("target"));
-    writeFile(target, "kept");
-    QVERIFY(!DBManager::copyFile(home.file(QStringLiteral("missing")), target, true));
-    QCOMPARE(fileBytes(target), QByteArray("kept"));
-
-    writeFile(source, "content");
-    writeFile(home.file(QStringLiteral("blocker")), "file");
-    QVERIFY(!DBManager::copyFile(source, home.file(QStringLiteral("blocker/target")), true));
-    QCOMPARE(fileBytes(source), QByteArray("content"));
-}
-
-void TestDBManager::sortByColumn_data()
-{
-    // Entries as "title|icon|description|password|path"; keys differ within each row's column,
-    // since equal keys keep no defined order.
-    QTest::addColumn<int>("column");
-    QTest::addColumn<bool>("ascending");
-    QTest::addColumn<QStringList>("entries");
-    QTest::addColumn<QStringList>("order");
-
-    const QStringList three { "b|1|||/a/b.card", "c|0|x||/z/c.card", "a|2|||/m/a.card" };
-    QTest::newRow("icon") << 0 << true << three << QStringList { "c", "b", "a" };
-    QTest::newRow("title") << 1 << true << three << QStringList { "a", "b", "c" };
-    QTest::newRow("title descending") << 1 << false << three << QStringList { "c", "b", "a" };
-    QTest::newRow("folder") << 4 << true << three << QStringList { "b", "a", "c" };
-    QTest::newRow("folder descending") << 4 << false << three << QStringList { "c", "a", "b" };
-    QTest::newRow("description") << 2 << true << QStringList { "x|1|text||/a/x", "y|1|||/a/y" }
-                                 << QStringList { "y", "x" };
-    QTest::newRow("password") << 3 << false << QStringList { "x|1|||/a/x", "y|1||pw|/a/y" }
-                              << QStringList { "y", "x" };
-}
-
-void TestDBManager::sortByColumn()
-{
-    QFETCH(int, column);
-    QFETCH(bool, ascending);
-    QFETCH(QStringList, entries);
-    QFETCH(QStringList, order);
-    TestHome home;
-    DBManager list(true);
-    for (const QString &text : std::as_const(entries)) {
-        const QStringList parts = text.split(QLatin1Char('|'));
-        auto *record = new DBRecord(&list);
-        record->setTitle(parts[0]);
-        record->setIcon(parts[1]);
-        record->setDescription(parts[2]);
-        record->setPassword(parts[3]);
-        record->setPath(parts[4]);
-        list.add(record);
-    }
-    list.setSort(column, ascending);
-    QCOMPARE(viewTitles(list), order);
-}
-
-namespace
-{
-class ExposedList : public DBManager
-{
-public:
-    using DBManager::DBManager;
-    using DBManager::sortKeysChanged;
-};
-} // namespace
-
-void TestDBManager::sortKeysChanged_data()
-{
-    QTest::addColumn<int>("column");
-    QTest::addColumn<QString>("field");
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<QString>("after");
-    QTest::addColumn<bool>("changed");
-
-    QTest::newRow("icon") << 0 << "icon"
-                          << "1"
-                          << "2" << true;
-    QTest::newRow("same icon") << 0 << "icon"
-                               << "1"
-                               << "1" << false;
-    QTest::newRow("title") << 1 << "title"
-                           << "a"
-                           << "b" << true;
-    QTest::newRow("title on icon column") << 0 << "title"
-                                          << "a"
-                                          << "b" << false;
-    QTest::newRow("description filled") << 2 << "description"
-                                        << ""
-                                        << "now" << true;
-    QTest::newRow("description rewritten") << 2 << "description"
-                                           << "was"
-                                           << "is" << false;
-    QTest::newRow("password removed") << 3 << "password"
-                                      << "pw"
-                                      << "" << true;
-    QTest::newRow("password changed") << 3 << "password"
-                                      << "pw"
-                                      << "other" << false;
-    QTest::newRow("other folder") << 4 << "path"
-                                  << "/a/t.card"
-                                  << "/b/t.card" << true;
-    QTest::newRow("same folder") << 4 << "path"
-                                 << "/a/t.card"
-                                 << "/a/u.card" << false;
-    QTest::newRow("select column") << 5 << "title"
-                                   << "a"
-                                   << "b" << false;
-}
-
-void TestDBManager::sortKeysChanged()
-{
-    QFETCH(int, column);
-    QFETCH(QString, field);
-    QFETCH(QString, before);
-    QFETCH(QString, after);
-    QFETCH(bool, changed);
-    TestHome home;
-    ExposedList list(true);
-    list.setSort(column, true);
-    DBRecord old(&list);
-    const auto set = [&field](DBRecord &record, const QString &value) {
-        if (field == QLatin1String("icon"))
-            record.setIcon(value);
-        else if (field == QLatin1String("title"))
-            record.setTitle(value);
-        else if (field == QLatin1String("description"))
-            record.setDescription(value);
-        else if (field == QLatin1String("password"))
-            record.setPassword(value);
-        else
-            record.setPath(value);
-    };
-    set(old, before);
-    DBRecord record(old);
-    set(record, after);
-    QCOMPARE(list.sortKeysChanged(&old, &record), changed);
-}
-
-void TestDBManager::updateMovesEntryInView()
-{
-    TestHome home;
-    DBManager list(true);
-    for (const char *title : { "a", "m" }) {
-        auto *record = new DBRecord(&list);
-        record->setTitle(QString::fromLatin1(title));
-        list.add(record);
-    }
-    list.setSort(1, true);
-    auto *record = static_cast<DBRecord *>(list.view().first());
-    auto *old = new DBRecord(*record);
-    record->setTitle(QStringLiteral("z"));
-    record->save(old);
-    QCOMPARE(viewTitles(list), QStringList({ "m", "z" }));
-}
-
-void TestDBManager::iconDirFallsBackToLowResolution()
-{
-    TestHome home;
-    const QString share = home.file(QStringLiteral("share"));
-    qputenv("NORVIKA_SHARE", share.toUtf8());
-    const QString low = share + QStringLiteral("/pics/norvika/icons/");
-    const QString high = share + QStringLiteral("/pics144/norvika/icons/");
-    QCOMPARE(DBManager::iconDir(false), low);
-    QCOMPARE(DBManager::iconDir(true), low);
-    QDir().mkpath(high);
-    QCOMPARE(DBManager::iconDir(true), high);
-    QCOMPARE(DBManager::iconDir(false), low);
-    qunsetenv("NORVIKA_SHARE");
 }
 
 QTEST_GUILESS_MAIN(TestDBManager)

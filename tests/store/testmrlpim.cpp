@@ -1,11 +1,5 @@
-#include "platform/global.h"
-#include "platform/platformpaths.h"
 #include "store/mrlpim.h"
-#include "support/testhome.h"
 
-#include <QCoreApplication>
-#include <QDir>
-#include <QFile>
 #include <QTest>
 
 class TestMRLPIM : public QObject
@@ -21,8 +15,6 @@ private Q_SLOTS:
     void dateForms();
     void parsers_data();
     void parsers();
-    void dataListRoundTrip();
-    void dataListFallsBackToShareFolder();
 };
 
 void TestMRLPIM::escape_data()
@@ -143,37 +135,6 @@ void TestMRLPIM::parsers()
     QCOMPARE(parsed.isValid(), dateTime.isValid());
     if (dateTime.isValid())
         QCOMPARE(parsed, dateTime);
-}
-
-void TestMRLPIM::dataListRoundTrip()
-{
-    TestHome home;
-    const QStringList list { "#,##0.00", QStringLiteral("dd.MM.yyyy – ä"), "x" };
-    MRLPIM::saveDataList(QStringLiteral("numberformat"), list);
-    const QString path = Global::applicationFileName(
-        QStringLiteral("norvikaData"), QStringLiteral("numberformat"));
-    QCOMPARE(QFile::exists(path), true);
-    // Joined with line feeds, no final one.
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(QString::fromUtf8(file.readAll()), list.join(QLatin1Char('\n')));
-    QCOMPARE(MRLPIM::loadDataList(QStringLiteral("numberformat")), list);
-}
-
-void TestMRLPIM::dataListFallsBackToShareFolder()
-{
-    TestHome home;
-    const QString share = home.file(QStringLiteral("share"));
-    qputenv("NORVIKA_SHARE", QFile::encodeName(share));
-    QVERIFY(MRLPIM::loadDataList(QStringLiteral("dateFormat")).isEmpty());
-    QVERIFY(QDir().mkpath(share + QStringLiteral("/etc/norvika")));
-    QFile shipped(share + QStringLiteral("/etc/norvika/dateFormat"));
-    QVERIFY(shipped.open(QIODevice::WriteOnly));
-    shipped.write("d.M.yyyy\n\nyyyy-MM-dd\n");
-    shipped.close();
-    const QStringList loaded = MRLPIM::loadDataList(QStringLiteral("dateFormat"));
-    qunsetenv("NORVIKA_SHARE");
-    QCOMPARE(loaded, (QStringList { "d.M.yyyy", "yyyy-MM-dd" }));
 }
 
 QTEST_GUILESS_MAIN(TestMRLPIM)

@@ -1,7 +1,6 @@
 #include "storefixtures.h"
 #include "support/testhome.h"
 
-#include <QSignalSpy>
 #include <QTest>
 
 class TestPIMRecord : public QObject
@@ -16,11 +15,8 @@ private Q_SLOTS:
     void categoriesLine();
     void oddTextBlocks();
     void binaryExactBytes();
-    void propertyChangeMarksManager();
     void lessThanWalksKeys_data();
     void lessThanWalksKeys();
-    void categoryTitles();
-    void passesToManager();
 };
 
 namespace
@@ -206,23 +202,6 @@ void TestPIMRecord::binaryExactBytes()
     QVERIFY(copy.property(QStringLiteral("b")).isNull());
 }
 
-// Property changes mark the manager changed but do not count towards the automatic save.
-void TestPIMRecord::propertyChangeMarksManager()
-{
-    TestHome home;
-    KeyedManager manager(QStringLiteral("props"));
-    auto *record = new KeyedRecord(&manager);
-    manager.insertLoaded(record);
-    QVERIFY(manager.save());
-    record->removeProperty(QStringLiteral("unknown"));
-    QVERIFY(manager.isChanged());
-    QVERIFY(manager.save());
-    for (int i = 0; i < 20; ++i)
-        record->setProperty(QStringLiteral("k"), QString::number(i));
-    QCoreApplication::processEvents();
-    QVERIFY(manager.isChanged());
-}
-
 void TestPIMRecord::lessThanWalksKeys_data()
 {
     QTest::addColumn<QStringList>("mine");
@@ -259,73 +238,6 @@ void TestPIMRecord::lessThanWalksKeys()
     QCOMPARE(a.sortKeysEqual(b), equal);
     manager.setSortOrder(false);
     QCOMPARE(a.lessThan(b), !lessAscending);
-}
-
-void TestPIMRecord::categoryTitles()
-{
-    TestHome home;
-    KeyedManager categories(QStringLiteral("cats"));
-    KeyedManager cards(QStringLiteral("cards"));
-    PIMRecord record(&cards);
-    QVERIFY(record.categoryTitle(true).isNull());
-    QVERIFY(!record.firstCategory());
-
-    cards.setRelatedManager(&categories);
-    QVERIFY(record.categoryTitle(true).isNull());
-    auto *work = new KeyedRecord(&categories);
-    work->titleText = QStringLiteral("Work");
-    auto *home2 = new KeyedRecord(&categories);
-    home2->titleText = QStringLiteral("Home");
-    categories.insertLoaded(work);
-    categories.insertLoaded(home2);
-
-    // Nothing found: the first category stands in.
-    record.setCategories({ QStringLiteral("6f1c2a34-8d0e-4b7a-9e21-3c5d7f901a2b") });
-    QCOMPARE(record.categoryTitle(true), QStringLiteral("Work"));
-    QVERIFY(record.categoryTitles().isEmpty());
-    QCOMPARE(record.firstCategory(), work);
-
-    record.setCategories({ QStringLiteral("bogus"), home2->uidString(), work->uidString() });
-    QCOMPARE(record.categoryTitle(false), QStringLiteral("Home"));
-    QCOMPARE(record.categoryTitle(true), QStringLiteral("Home [...]"));
-    QCOMPARE(record.categoryTitles(), (QStringList { "Home", "Work" }));
-    QCOMPARE(record.firstCategory(), home2);
-
-    record.setCategories({ work->uidString() });
-    QCOMPARE(record.categoryTitle(true), QStringLiteral("Work"));
-}
-
-void TestPIMRecord::passesToManager()
-{
-    TestHome home;
-    KeyedManager manager(QStringLiteral("pass"));
-    QSignalSpy added(&manager, &PIMManager::newTask);
-    QSignalSpy updatedSpy(&manager, &PIMManager::taskUpdated);
-    QSignalSpy selected(&manager, &PIMManager::taskSelected);
-    QSignalSpy removed(&manager, &PIMManager::taskRemoved);
-
-    auto *record = new KeyedRecord(&manager);
-    QVERIFY(record->isFirst());
-    record->save(nullptr);
-    QCOMPARE(added.size(), 1);
-    QCOMPARE(manager.count(), 1);
-    QVERIFY(record->isFirst());
-
-    record->save(new KeyedRecord(*record));
-    QCOMPARE(updatedSpy.size(), 1);
-    QCOMPARE(manager.count(), 1);
-
-    KeyedRecord outsider(&manager);
-    QVERIFY(!outsider.isFirst());
-    record->select();
-    outsider.select();
-    QCOMPARE(selected.size(), 2);
-    QCOMPARE(selected.at(0).at(0).value<PIMRecord *>(), record);
-    QCOMPARE(selected.at(1).at(0).value<PIMRecord *>(), nullptr);
-
-    record->remove();
-    QCOMPARE(removed.size(), 1);
-    QCOMPARE(manager.count(), 0);
 }
 
 QTEST_GUILESS_MAIN(TestPIMRecord)

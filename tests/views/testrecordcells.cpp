@@ -89,7 +89,6 @@ private Q_SLOTS:
     void systemForms_data();
     void systemForms();
     void cellsFollowColumns();
-    void headers();
 };
 
 void TestRecordCells::cell_data()
@@ -109,37 +108,27 @@ void TestRecordCells::cell_data()
     const QDateTime moment(QDate(2005, 4, 3), QTime(13, 5, 9));
     const QVariant none;
     row("string keeps lines", F::String, "", Slot, "a\nb", text("a\nb"));
-    row("list", F::List, "", Slot, "red", text("red"));
-    row("string unset", F::String, "", Unset, none, text(""));
     row("text first line", F::Text, "", Slot, "one\ntwo\nthree", text("one"));
     row("text empty first line", F::Text, "", Slot, "\nsecond", text(""));
     row("multilist joined", F::MultiList, "", Slot, "a\nb\nc", text("a;b;c"));
     row("integer plain", F::Integer, "", Slot, 42.0, text("42"));
     row("integer unset is zero", F::Integer, "", Unset, none, text("0"));
-    row("double plain", F::Double, "", Slot, 3.14159265, text("3.14159"));
     row("double formatted", F::Double, "0.00", Slot, -2.0, text("-2.00"));
-    row("double grouped", F::Double, "#,###.00", Slot, 1234567.5, text("1,234,567.50"));
-    row("count", F::Count, "", Slot, 7.0, text("7"));
     row("increment padded", F::Increment, "000", Slot, 7.0, text("007"));
     row("date formatted", F::Date, "DD/MM/YYYY", Slot, moment.date(), text("03/04/2005"));
-    row("date short", F::Date, "D.M.YY", Slot, moment.date(), text("3.4.05"));
     row("date formatted at midnight", F::Date, "DD hh:mm", Slot, moment.date(), text("03 00:00"));
     row("date unset", F::Date, "DD/MM/YYYY", Unset, none, text(""));
     row("time formatted", F::Time, "hh:mm AM/PM", Slot, QTime(13, 5), text("01:05 PM"));
     row("time formatted as of today", F::Time, "YYYY hh", Slot, QTime(0, 30),
         text(QString::number(QDate::currentDate().year()) + " 00"));
-    row("time unset", F::Time, "hh:mm", Unset, none, text(""));
     row("datetime formatted", F::DateTime, "YYYY-MM-DD h:m:s", Slot, moment,
         text("2005-04-03 13:5:9"));
     row("memo with text", F::Memo, "", Memo, "note", icon(R::DocumentIcon));
     row("memo empty", F::Memo, "", Unset, none, icon(R::EmptyIcon));
     row("reminder set", F::Reminder, "", ReminderAt, moment, icon(R::ReminderIcon));
-    row("reminder none", F::Reminder, "", Unset, none, icon(R::EmptyIcon));
     row("bool any non-zero", F::Bool, "", Slot, -3.0, icon(R::OnIcon));
-    row("bool false", F::Bool, "", Slot, 0.0, icon(R::OffIcon));
     row("bool unset", F::Bool, "", Unset, none, icon(R::OffIcon));
     row("image set", F::Image, "", Image, "pictures/a.png", icon(R::ImageIcon));
-    row("image none", F::Image, "", Unset, none, icon(R::EmptyIcon));
 }
 
 void TestRecordCells::cell()
@@ -208,22 +197,6 @@ void TestRecordCells::cellsFollowColumns()
     const QList<RecordCells::Cell> expected { icon(RecordCells::OnIcon), text("Bo"), text("005"),
         text("Bo"), text(""), text("") };
     QCOMPARE(cells, expected);
-}
-
-// Numbers and moments line up on the right; the single-instance kinds show their icon.
-void TestRecordCells::headers()
-{
-    for (int type = 0; type < FieldDef::TypeCount; ++type) {
-        const int family = FieldDef::family(type);
-        QCOMPARE(RecordCells::isRightAligned(type),
-            family != FieldDef::TextFamily && family != FieldDef::NoSlot && type != FieldDef::Bool);
-    }
-    QVERIFY(!RecordCells::isRightAligned(99));
-    QCOMPARE(RecordCells::headerIcon(FieldDef::Time), QStringLiteral("clock"));
-    QCOMPARE(RecordCells::headerIcon(FieldDef::Bool), QStringLiteral("onoff"));
-    QCOMPARE(RecordCells::headerIcon(FieldDef::String), QString());
-    QCOMPARE(RecordCells::iconName(RecordCells::OffIcon), QStringLiteral("off"));
-    QCOMPARE(RecordCells::iconName(RecordCells::NoIcon), QString());
 }
 
 QTEST_GUILESS_MAIN(TestRecordCells)

@@ -12,9 +12,6 @@ class TestViewDef : public QObject
 private Q_SLOTS:
     void storedBytes_data();
     void storedBytes();
-    void orderFlag_data();
-    void orderFlag();
-    void everyTruncationIsRefused();
     void impossibleColumnCount_data();
     void impossibleColumnCount();
     void remapFields_data();
@@ -101,39 +98,6 @@ void TestViewDef::storedBytes()
     QVERIFY(readBytes(expected, read));
     QCOMPARE(read, view);
     QCOMPARE(read.filter.isNull(), view.filter.isNull());
-}
-
-void TestViewDef::orderFlag_data()
-{
-    QTest::addColumn<QByteArray>("flag");
-    QTest::addColumn<bool>("ascending");
-    QTest::newRow("0") << QByteArray::fromHex("00000000") << false;
-    QTest::newRow("1") << QByteArray::fromHex("00000001") << true;
-    QTest::newRow("7") << QByteArray::fromHex("00000007") << true;
-    QTest::newRow("-1") << QByteArray::fromHex("ffffffff") << true;
-}
-
-void TestViewDef::orderFlag()
-{
-    QFETCH(QByteArray, flag);
-    QFETCH(bool, ascending);
-    const QByteArray bytes
-        = QByteArray::fromHex("ffffffff00000000ffffffff") + flag + QByteArray::fromHex("ffffffff");
-    ViewDef read;
-    read.ascending = !ascending;
-    QVERIFY(readBytes(bytes, read));
-    QCOMPARE(read.ascending, ascending);
-}
-
-void TestViewDef::everyTruncationIsRefused()
-{
-    const QByteArray whole = bytesOf(viewOf(QStringLiteral("Big"), { 0, 2 }, 1, true, filterUuid));
-    for (qsizetype length = 0; length < whole.size(); ++length) {
-        ViewDef read;
-        QVERIFY2(!readBytes(whole.left(length), read), qPrintable(QString::number(length)));
-    }
-    ViewDef read;
-    QVERIFY(readBytes(whole, read));
 }
 
 // The count is checked against the bytes left; a device that cannot tell how many are left
