@@ -36,7 +36,6 @@ void TestCardPixmap::looks_data()
     QTest::newRow("plain") << false << "" << true << false << false;
     QTest::newRow("locked") << false << "pw" << true << true << false;
     QTest::newRow("unavailable") << false << "" << false << true << true;
-    QTest::newRow("locked, unavailable") << false << "pw" << false << true << true;
     QTest::newRow("catalogue entry") << true << "" << false << false << false;
 }
 

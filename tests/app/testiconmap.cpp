@@ -18,7 +18,6 @@ private Q_SLOTS:
     void resolves();
     void namesTheProgramRelyOn_data();
     void namesTheProgramRelyOn();
-    void overlayIsSmallerThanACardIcon();
     void cardIconsAreNumbered();
 
 private:
@@ -84,14 +83,6 @@ void TestIconMap::namesTheProgramRelyOn()
     QFETCH(QString, name);
     QVERIFY2(m_names.contains(name), qPrintable(name));
     QVERIFY(!loadPixmap(name).isNull());
-}
-
-void TestIconMap::overlayIsSmallerThanACardIcon()
-{
-    const QImage overlay = loadImage(QStringLiteral("lockoverlay"));
-    const QImage card = loadImage(QStringLiteral("icons/12"));
-    QVERIFY(overlay.width() < card.width());
-    QVERIFY(overlay.height() < card.height());
 }
 
 void TestIconMap::cardIconsAreNumbered()

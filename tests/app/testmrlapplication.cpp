@@ -28,15 +28,11 @@ public:
 
 private Q_SLOTS:
     void init();
-    void isTheOneInstance();
     void noStyleEntryLeavesTheLibraryAlone();
-    void desktopIsNeitherHighNorLowResolution();
-    void gettersReadTheSettingsOnce();
     void aChangeIsSignalledOnce_data();
     void aChangeIsSignalledOnce();
     void platformChangesAreFollowed_data();
     void platformChangesAreFollowed();
-    void showDialogMaximizesOnlyWhenAsked();
     void otherMessagesAreIgnored();
     void missingLibraryLeavesTheStyle();
     void applyMRLStyleLoadsTheLibrary();
@@ -73,39 +69,11 @@ void TestMRLApplication::writeDateSettings(const QString &separator, bool ampm)
     qpe.writeEntry(QStringLiteral("LongOrder"), 200);
 }
 
-void TestMRLApplication::isTheOneInstance()
-{
-    QVERIFY(app());
-    QCOMPARE(app(), qApp);
-    QCOMPARE(app()->objectName(), QStringLiteral("norvika"));
-}
-
 void TestMRLApplication::noStyleEntryLeavesTheLibraryAlone()
 {
     QVERIFY(QFile::exists(libraryFile()));
     QVERIFY(!app()->isStyleLibraryLoaded());
     QVERIFY(app()->style()->objectName() != QLatin1String("xp"));
-}
-
-void TestMRLApplication::desktopIsNeitherHighNorLowResolution()
-{
-    QVERIFY(!MRLApplication::isHighResolution());
-    QVERIFY(!MRLApplication::isLowResolution());
-}
-
-void TestMRLApplication::gettersReadTheSettingsOnce()
-{
-    TestHome home;
-    writeDateSettings(QStringLiteral("-"), false);
-    QCOMPARE(app()->dateSeparator(), QLatin1Char('-'));
-    QCOMPARE(app()->ampm(), false);
-    QCOMPARE(app()->mondayFirst(), true);
-    QCOMPARE(app()->shortOrder(), 100);
-    QCOMPARE(app()->longOrder(), 200);
-
-    writeDateSettings(QStringLiteral("."), true);
-    QCOMPARE(app()->dateSeparator(), QLatin1Char('-'));
-    QCOMPARE(app()->ampm(), false);
 }
 
 void TestMRLApplication::aChangeIsSignalledOnce_data()
@@ -163,19 +131,6 @@ void TestMRLApplication::platformChangesAreFollowed()
         Q_EMIT app()->weekChanged(true);
     QCOMPARE(spy.count(), 1);
     QCOMPARE(app()->dateSeparator(), QLatin1Char('/'));
-}
-
-void TestMRLApplication::showDialogMaximizesOnlyWhenAsked()
-{
-    QDialog left;
-    MRLApplication::showDialog(&left, false);
-    QVERIFY(!left.isVisible());
-    QVERIFY(!(left.windowState() & Qt::WindowMaximized));
-
-    QDialog maximized;
-    MRLApplication::showDialog(&maximized, true);
-    QVERIFY(maximized.isVisible());
-    QVERIFY(maximized.windowState() & Qt::WindowMaximized);
 }
 
 void TestMRLApplication::otherMessagesAreIgnored()

@@ -8,21 +8,18 @@
 #include "edit/dataeditor.h"
 #include "edit/datascrollview.h"
 #include "edit/popupdialog.h"
-#include "lib/qt/enterstringdialog.h"
 #include "lib/qt/mlcalculatordialog.h"
 #include "lib/qt/mldatetimeedit.h"
-#include "lib/qt/mltabwidget.h"
 #include "lib/qt/mrlaction.h"
 #include "reminders/reminder.h"
+#include "support/testcard.h"
 #include "support/testhome.h"
 #include "support/whenshown.h"
 #include "views/listview.h"
 
 #include <QApplication>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QPointer>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QtTest>
@@ -30,8 +27,7 @@
 #include <memory>
 
 // The main window's commands on the records of an open card: the record flow through the
-// editor, removal and clearing, the memo pane, editing in place and the services that the
-// reminder dialog asks of the window.
+// editor, removal, the memo pane and editing in place.
 class TestMRLDBRecords : public QObject
 {
     Q_OBJECT
@@ -39,54 +35,31 @@ class TestMRLDBRecords : public QObject
 private Q_SLOTS:
     void initTestCase();
     void newRecordAccepted();
-    void newRecordCancelled();
-    void editingFlagWhileEditorRuns();
     void duplicateIsAddedOnlyWhenAccepted_data();
     void duplicateIsAddedOnlyWhenAccepted();
     void removeAsks_data();
     void removeAsks();
-    void clearCardNamesTheCard();
     void memoPaneSavesEveryKeystroke();
-    void memoPaneShownTakesTheCurrentMemo();
     void calculatedFieldInPlace_data();
     void calculatedFieldInPlace();
-    void stringInPlace();
     void boolFlipsInPlace();
     void reminderInPlace_data();
     void reminderInPlace();
-    void tapOnMissingReminderOpensItsPage();
     void listInPlace_data();
     void listInPlace();
-    void longPressOnMemoOpensItsPage();
-    void freeManagerKeepsTheOpenCard();
-    void setupViewShowsAllFields();
 };
 
 namespace
 {
-FieldDef field(int type, const QString &title, const QString &formula = {})
+// A card of the given fields whose records are named "0", "1" ..., opened in window.
+DataManager *openCard(MRLDB &window, const TestHome &home, const QList<FieldDef> &fields, int count)
 {
-    FieldDef f;
-    f.type = type;
-    f.title = title;
-    f.label = title;
-    f.formula = formula;
-    return f;
-}
-
-// A card of the given fields with count records, opened in window.
-DataManager *openCard(MRLDB &window, const TestHome &home, const QList<FieldDef> &fields, int count,
-    const QString &title = QStringLiteral("Test card"))
-{
-    auto *manager = new DataManager(home.file(QStringLiteral("test.card")));
-    manager->setFields(fields, true);
-    for (int i = 0; i < count; ++i) {
-        DataRecord *record = manager->newRecord();
-        record->setStringValue(0, QString::number(i));
-        manager->add(record);
-    }
-    window.showCard(manager, title);
-    return manager;
+    QStringList names;
+    for (int i = 0; i < count; ++i)
+        names << QString::number(i);
+    DataManager *card = testCard(home.file(QStringLiteral("test.card")), fields, names).release();
+    window.showCard(card, QStringLiteral("Test card"));
+    return card;
 }
 
 DataRecord *at(const DataManager *manager, int i)
@@ -94,11 +67,9 @@ DataRecord *at(const DataManager *manager, int i)
     return static_cast<DataRecord *>(manager->records().at(i));
 }
 
-void answer(bool yes, QString *text = nullptr)
+void answer(bool yes)
 {
-    whenShown<MRLDialog>([yes, text](MRLDialog *box) {
-        if (text)
-            *text = box->findChild<QLabel *>(QStringLiteral("text"))->text();
+    whenShown<MRLDialog>([yes](MRLDialog *box) {
         box->findChild<QPushButton *>(yes ? QStringLiteral("button1") : QStringLiteral("button2"))
             ->click();
     });
@@ -116,7 +87,7 @@ void TestMRLDBRecords::newRecordAccepted()
 {
     TestHome home;
     MRLDB window;
-    DataManager *card = openCard(window, home, { field(FieldDef::String, "Name") }, 1);
+    DataManager *card = openCard(window, home, { testField(FieldDef::String, "Name") }, 1);
     QVERIFY(window.action("new")->isEnabled());
     whenShown<DataEditor>([](DataEditor *editor) {
         static_cast<QLineEdit *>(editor->form()->valueWidget(0))->setText("added");
@@ -126,33 +97,6 @@ void TestMRLDBRecords::newRecordAccepted()
     QCOMPARE(card->count(), 2);
     QCOMPARE(at(card, 1)->stringValue(0), QStringLiteral("added"));
     QCOMPARE(window.records()->currentTask(), card->records().at(1));
-}
-
-void TestMRLDBRecords::newRecordCancelled()
-{
-    TestHome home;
-    MRLDB window;
-    DataManager *card = openCard(window, home, { field(FieldDef::String, "Name") }, 1);
-    whenShown<DataEditor>([](DataEditor *editor) { editor->reject(); });
-    window.doNew();
-    QCOMPARE(card->count(), 1);
-}
-
-void TestMRLDBRecords::editingFlagWhileEditorRuns()
-{
-    TestHome home;
-    MRLDB window;
-    DataManager *card = openCard(window, home, { field(FieldDef::String, "Name") }, 1);
-    bool freeInside = true;
-    whenShown<DataEditor>([&](DataEditor *editor) {
-        window.editDialogIsFree(&freeInside);
-        editor->reject();
-    });
-    window.editTask(at(card, 0));
-    QVERIFY(!freeInside);
-    bool freeAfter = false;
-    window.editDialogIsFree(&freeAfter);
-    QVERIFY(freeAfter);
 }
 
 void TestMRLDBRecords::duplicateIsAddedOnlyWhenAccepted_data()
@@ -169,7 +113,7 @@ void TestMRLDBRecords::duplicateIsAddedOnlyWhenAccepted()
     QFETCH(int, count);
     TestHome home;
     MRLDB window;
-    DataManager *card = openCard(window, home, { field(FieldDef::String, "Name") }, 1);
+    DataManager *card = openCard(window, home, { testField(FieldDef::String, "Name") }, 1);
     window.records()->showRecord(at(card, 0));
     const QString uid = at(card, 0)->uidString();
     QString copyUid;
@@ -198,7 +142,7 @@ void TestMRLDBRecords::removeAsks()
     QFETCH(int, count);
     TestHome home;
     MRLDB window;
-    DataManager *card = openCard(window, home, { field(FieldDef::String, "Name") }, 2);
+    DataManager *card = openCard(window, home, { testField(FieldDef::String, "Name") }, 2);
     window.records()->showRecord(at(card, 1));
     answer(yes);
     window.action("delete")->trigger();
@@ -206,25 +150,12 @@ void TestMRLDBRecords::removeAsks()
     QCOMPARE(at(card, 0)->stringValue(0), QStringLiteral("0"));
 }
 
-void TestMRLDBRecords::clearCardNamesTheCard()
-{
-    TestHome home;
-    MRLDB window;
-    DataManager *card
-        = openCard(window, home, { field(FieldDef::String, "Name") }, 3, QStringLiteral("Books"));
-    QString text;
-    answer(true, &text);
-    window.action("clear")->trigger();
-    QCOMPARE(text, QStringLiteral("Are you sure you want to clear\nCard [Books] ?"));
-    QCOMPARE(card->count(), 0);
-}
-
 void TestMRLDBRecords::memoPaneSavesEveryKeystroke()
 {
     TestHome home;
     MRLDB window;
-    DataManager *card = openCard(
-        window, home, { field(FieldDef::String, "Name"), field(FieldDef::Memo, "Notes") }, 2);
+    DataManager *card = openCard(window, home,
+        { testField(FieldDef::String, "Name"), testField(FieldDef::Memo, "Notes") }, 2);
     window.toggleMemo();
     window.records()->showRecord(at(card, 1));
     auto *memo = window.findChild<QPlainTextEdit *>(QStringLiteral("memo"));
@@ -235,23 +166,6 @@ void TestMRLDBRecords::memoPaneSavesEveryKeystroke()
     QCOMPARE(at(card, 1)->memo(), QStringLiteral("abc"));
     QCOMPARE(memo->toPlainText(), QStringLiteral("abc"));
     QVERIFY(at(card, 0)->memo().isEmpty());
-}
-
-void TestMRLDBRecords::memoPaneShownTakesTheCurrentMemo()
-{
-    TestHome home;
-    MRLDB window;
-    DataManager *card = openCard(
-        window, home, { field(FieldDef::String, "Name"), field(FieldDef::Memo, "Notes") }, 1);
-    at(card, 0)->setMemo(QStringLiteral("kept"));
-    window.records()->showRecord(at(card, 0));
-    QSignalSpy updates(card, &PIMManager::taskUpdated);
-    window.toggleMemo();
-    auto *memo = window.findChild<QPlainTextEdit *>(QStringLiteral("memo"));
-    QCOMPARE(memo->toPlainText(), QStringLiteral("kept"));
-    QVERIFY(memo->isEnabled());
-    // Filling the pane is no keystroke: nothing is saved.
-    QCOMPARE(updates.count(), 0);
 }
 
 void TestMRLDBRecords::calculatedFieldInPlace_data()
@@ -273,7 +187,7 @@ void TestMRLDBRecords::calculatedFieldInPlace()
     TestHome home;
     MRLDB window;
     DataManager *card = openCard(window, home,
-        { field(FieldDef::String, "Name"), field(FieldDef::Double, "Sum", formula) }, 2);
+        { testField(FieldDef::String, "Name"), testField(FieldDef::Double, "Sum", formula) }, 2);
     bool shown = false;
     auto watch = std::make_unique<QObject>();
     whenShown<MLCalculatorDialog>(
@@ -287,30 +201,12 @@ void TestMRLDBRecords::calculatedFieldInPlace()
     QCOMPARE(shown, edited);
 }
 
-void TestMRLDBRecords::stringInPlace()
-{
-    TestHome home;
-    MRLDB window;
-    DataManager *card = openCard(window, home, { field(FieldDef::String, "Name") }, 1);
-    QSignalSpy updates(card, &PIMManager::taskUpdated);
-    QString caption;
-    whenShown<EnterStringDialog>([&](EnterStringDialog *dialog) {
-        caption = dialog->windowTitle();
-        dialog->findChild<QLineEdit *>()->setText("renamed");
-        dialog->accept();
-    });
-    window.editRecord(QPoint(10, 10), at(card, 0), 0);
-    QCOMPARE(caption, QStringLiteral("Name"));
-    QCOMPARE(at(card, 0)->stringValue(0), QStringLiteral("renamed"));
-    QCOMPARE(updates.count(), 1);
-}
-
 void TestMRLDBRecords::boolFlipsInPlace()
 {
     TestHome home;
     MRLDB window;
-    DataManager *card = openCard(
-        window, home, { field(FieldDef::String, "Name"), field(FieldDef::Bool, "Done") }, 1);
+    DataManager *card = openCard(window, home,
+        { testField(FieldDef::String, "Name"), testField(FieldDef::Bool, "Done") }, 1);
     at(card, 0)->setIntValue(1, 7);
     window.editRecord(QPoint(), at(card, 0), 1);
     QCOMPARE(at(card, 0)->intValue(1), 0);
@@ -340,8 +236,8 @@ void TestMRLDBRecords::reminderInPlace()
     QFETCH(int, saves);
     TestHome home;
     MRLDB window;
-    DataManager *card = openCard(
-        window, home, { field(FieldDef::String, "Name"), field(FieldDef::Reminder, "Alarm") }, 1);
+    DataManager *card = openCard(window, home,
+        { testField(FieldDef::String, "Name"), testField(FieldDef::Reminder, "Alarm") }, 1);
     auto *reminder = new Reminder;
     reminder->dateTime = QDateTime(QDate(2040, 1, 2), QTime(3, 4));
     reminder->led = true;
@@ -365,21 +261,6 @@ void TestMRLDBRecords::reminderInPlace()
     QCOMPARE(updates.count(), saves);
 }
 
-void TestMRLDBRecords::tapOnMissingReminderOpensItsPage()
-{
-    TestHome home;
-    MRLDB window;
-    DataManager *card = openCard(
-        window, home, { field(FieldDef::String, "Name"), field(FieldDef::Reminder, "Alarm") }, 1);
-    QString page;
-    whenShown<DataEditor>([&](DataEditor *editor) {
-        page = editor->tabs()->tabLabel(editor->tabs()->currentIndex());
-        editor->reject();
-    });
-    window.editRecord(QPoint(10, 10), at(card, 0), 1);
-    QCOMPARE(page, QStringLiteral("Reminder"));
-}
-
 void TestMRLDBRecords::listInPlace_data()
 {
     QTest::addColumn<bool>("accept");
@@ -394,9 +275,9 @@ void TestMRLDBRecords::listInPlace()
     QFETCH(QString, value);
     TestHome home;
     MRLDB window;
-    FieldDef list = field(FieldDef::List, "Colour");
+    FieldDef list = testField(FieldDef::List, "Colour");
     list.items = QStringList { "red", "green" };
-    DataManager *card = openCard(window, home, { field(FieldDef::String, "Name"), list }, 1);
+    DataManager *card = openCard(window, home, { testField(FieldDef::String, "Name"), list }, 1);
     at(card, 0)->setStringValue(1, "red");
     QString caption;
     whenShown<CustomListDialog>([&](CustomListDialog *dialog) {
@@ -410,49 +291,6 @@ void TestMRLDBRecords::listInPlace()
     QCOMPARE(at(card, 0)->stringValue(1), value);
     // The list is the card's, kept however the dialog closed.
     QCOMPARE(card->fieldItems(1), (QStringList { "red", "green", "blue" }));
-}
-
-void TestMRLDBRecords::longPressOnMemoOpensItsPage()
-{
-    TestHome home;
-    MRLDB window;
-    DataManager *card = openCard(
-        window, home, { field(FieldDef::String, "Name"), field(FieldDef::Memo, "Notes") }, 1);
-    QString page;
-    whenShown<DataEditor>([&](DataEditor *editor) {
-        page = editor->tabs()->tabLabel(editor->tabs()->currentIndex());
-        editor->reject();
-    });
-    window.popup(QPoint(10, 10), at(card, 0), 1);
-    QCOMPARE(page, QStringLiteral("Memo"));
-}
-
-void TestMRLDBRecords::freeManagerKeepsTheOpenCard()
-{
-    TestHome home;
-    MRLDB window;
-    QPointer<DataManager> open = openCard(window, home, { field(FieldDef::String, "Name") }, 1);
-    QPointer<DataManager> other = new DataManager(home.file(QStringLiteral("other.card")));
-    window.freeManager(open);
-    window.freeManager(nullptr);
-    QVERIFY(open);
-    window.freeManager(other);
-    QVERIFY(!other);
-}
-
-void TestMRLDBRecords::setupViewShowsAllFields()
-{
-    TestHome home;
-    MRLDB window;
-    DataManager *card = openCard(window, home,
-        { field(FieldDef::String, "Name"), field(FieldDef::Integer, "Age"),
-            field(FieldDef::Date, "Born") },
-        2);
-    ListView view(nullptr, QStringLiteral("alarm"));
-    window.setupView(&view, at(card, 1));
-    QCOMPARE(view.manager(), card);
-    QVERIFY(!view.isLive());
-    QCOMPARE(view.fieldColumns(), (QList<int> { 0, 1, 2 }));
 }
 
 QTEST_MAIN(TestMRLDBRecords)

@@ -6,12 +6,7 @@
 #include "support/testhome.h"
 
 #include <QApplication>
-#include <QComboBox>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QStandardItemModel>
 #include <QTest>
-#include <QToolButton>
 
 class TestPasswordDialog2 : public QObject
 {
@@ -19,7 +14,6 @@ class TestPasswordDialog2 : public QObject
 
 private Q_SLOTS:
     void initTestCase();
-    void form();
     void authorize_data();
     void authorize();
 };
@@ -59,24 +53,6 @@ void TestPasswordDialog2::initTestCase()
     ResourceIcons::reset();
 }
 
-void TestPasswordDialog2::form()
-{
-    Cards cards;
-    // Nothing but the list's own entries may be written: the paths lead nowhere.
-    PasswordDialog2 dialog(&cards.list, cards.byTitle(QStringLiteral("Other")));
-    QCOMPARE(dialog.findChild<QPushButton *>("btnCancel")->text(), QStringLiteral("Exit"));
-    QVERIFY(!dialog.findChild<QToolButton *>("btnCards")->icon().isNull());
-    QVERIFY(dialog.findChild<QLineEdit *>("p2")->isHidden());
-    auto *combo = dialog.findChild<QComboBox *>("cards");
-    QCOMPARE(combo->count(), 4);
-    QCOMPARE(combo->itemText(0), QStringLiteral("Locked"));
-    QCOMPARE(combo->currentText(), QStringLiteral("Other"));
-    QCOMPARE(dialog.selectedRecord(), cards.byTitle(QStringLiteral("Other")));
-    auto *model = qobject_cast<QStandardItemModel *>(combo->model());
-    QVERIFY(model->item(1)->isEnabled());
-    QVERIFY(!model->item(3)->isEnabled());
-}
-
 void TestPasswordDialog2::authorize_data()
 {
     QTest::addColumn<QString>("asked");
@@ -86,14 +62,9 @@ void TestPasswordDialog2::authorize_data()
 
     QTest::newRow("unlocked, no question") << "Open" << QStringList {} << "Open" << false;
     QTest::newRow("right") << "Locked" << QStringList { "p1=one btnOk" } << "Locked" << false;
-    QTest::newRow("right, by return")
-        << "Locked" << QStringList { "p1=one p1!" } << "Locked" << false;
     QTest::newRow("wrong") << "Locked" << QStringList { "p1=two btnOk" } << "" << false;
-    QTest::newRow("exit") << "Locked" << QStringList { "p1=one btnCancel" } << "" << false;
     QTest::newRow("back to the chooser")
         << "Locked" << QStringList { "p1=one btnCards" } << "" << true;
-    QTest::newRow("switch to an unlocked card")
-        << "Locked" << QStringList { "cards#1" } << "Open" << false;
     QTest::newRow("switch to a locked card")
         << "Locked" << QStringList { "p1=one cards#2 p1=two btnOk" } << "Other" << false;
     QTest::newRow("switch, first card's password")

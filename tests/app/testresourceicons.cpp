@@ -19,12 +19,9 @@ class TestResourceIcons : public QObject
 private Q_SLOTS:
     void initTestCase();
     void cleanup();
-    void searchPath_data();
-    void searchPath();
     void findIn_data();
     void findIn();
     void loadersUseTheShareFolder();
-    void missingNameGivesNullPictures();
     void sizedPixmapFollowsTheFont_data();
     void sizedPixmapFollowsTheFont();
 
@@ -63,36 +60,6 @@ void TestResourceIcons::makePicture(const QString &relative, int size)
     QVERIFY(image.save(path, "PNG"));
 }
 
-void TestResourceIcons::searchPath_data()
-{
-    QTest::addColumn<bool>("highResolution");
-    QTest::addColumn<QString>("app");
-    QTest::addColumn<QStringList>("expected");
-
-    QTest::newRow("low resolution")
-        << false << QStringLiteral("norvika")
-        << QStringList { "/b/pics/norvika/x/y.png", "/b/pics/mrl/x/y.png", "/b/pics/x/y.png" };
-    QTest::newRow("high resolution")
-        << true << QStringLiteral("norvika")
-        << QStringList { "/b/pics144/norvika/x/y.png", "/b/pics144/mrl/x/y.png",
-               "/b/pics/norvika/x/y.png", "/b/pics/mrl/x/y.png", "/b/pics144/x/y.png",
-               "/b/pics/x/y.png" };
-    QTest::newRow("no application name")
-        << true << QString()
-        << QStringList { "/b/pics144/mrl/x/y.png", "/b/pics/mrl/x/y.png", "/b/pics144/x/y.png",
-               "/b/pics/x/y.png" };
-}
-
-void TestResourceIcons::searchPath()
-{
-    QFETCH(bool, highResolution);
-    QFETCH(QString, app);
-    QFETCH(QStringList, expected);
-    QCOMPARE(
-        ResourceIcons::searchPath(QStringLiteral("x/y"), QStringLiteral("/b"), app, highResolution),
-        expected);
-}
-
 void TestResourceIcons::findIn_data()
 {
     QTest::addColumn<QStringList>("files");
@@ -107,14 +74,11 @@ void TestResourceIcons::findIn_data()
         << everywhere << false << QStringLiteral("pics/norvika/i.png");
     QTest::newRow("shared mrl folder before the common one") << QStringList { "pics/mrl/i.png",
         "pics/i.png" } << false << QStringLiteral("pics/mrl/i.png");
-    QTest::newRow("only under pics, high resolution")
-        << QStringList { "pics/i.png" } << true << QStringLiteral("pics/i.png");
     QTest::newRow("application folder under pics on high resolution")
         << QStringList { "pics/norvika/i.png", "pics144/i.png" } << true
         << QStringLiteral("pics/norvika/i.png");
     QTest::newRow("pics144 alone is not enough on low resolution")
         << QStringList { "pics144/i.png" } << false << QString();
-    QTest::newRow("nothing") << QStringList() << true << QString();
 }
 
 void TestResourceIcons::findIn()
@@ -143,15 +107,6 @@ void TestResourceIcons::loadersUseTheShareFolder()
     const QIcon icon = loadIconSet(QStringLiteral("plain"));
     QVERIFY(!icon.isNull());
     QCOMPARE(icon.availableSizes().value(0), QSize(10, 10));
-}
-
-void TestResourceIcons::missingNameGivesNullPictures()
-{
-    QVERIFY(loadImage(QStringLiteral("absent")).isNull());
-    QVERIFY(loadPixmap(QStringLiteral("absent")).isNull());
-    QVERIFY(loadBitmap(QStringLiteral("absent")).isNull());
-    QVERIFY(loadIconSet(QStringLiteral("absent")).isNull());
-    QVERIFY(loadPixmap(QString()).isNull());
 }
 
 void TestResourceIcons::sizedPixmapFollowsTheFont_data()

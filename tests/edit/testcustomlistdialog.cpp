@@ -1,36 +1,23 @@
 #include "edit/customlistdialog.h"
 
-#include "support/whenshown.h"
-
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QTreeWidget>
 #include <QtTest>
 
-// The list editor: its captions, which buttons it enables, how it sorts, moves and removes,
-// and the ticks of its choice form.
+// The list editor: which buttons it enables, how it sorts, moves and removes, and the ticks
+// of its choice form.
 class TestCustomListDialog : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void captions_data();
-    void captions();
     void enabling_data();
     void enabling();
     void sort_data();
     void sort();
-    void sortKeepsTheOrderOfTies();
-    void newItemStaysEmpty();
-    void newItemOfChoiceFormIsUnticked();
-    void typingChangesTheCurrentItem();
     void remove_data();
     void remove();
     void upAndDown();
-    void clickTogglesTheTick();
     void choicesStartTicked();
-    void cancelStillHandsBackTheItems();
 
 private:
     static QTreeWidget *list(const CustomListDialog &dialog);
@@ -65,38 +52,6 @@ QStringList TestCustomListDialog::ticks(const CustomListDialog &dialog)
     return marks;
 }
 
-void TestCustomListDialog::captions_data()
-{
-    QTest::addColumn<QString>("title");
-    QTest::addColumn<QString>("caption");
-    QTest::addColumn<QString>("label");
-
-    QTest::newRow("both parts") << "Colour|Colours"
-                                << "Edit Colour"
-                                << "Colours: ";
-    QTest::newRow("field title twice") << "Town|Town"
-                                       << "Edit Town"
-                                       << "Town: ";
-    QTest::newRow("no bar") << "Town"
-                            << "Edit Town"
-                            << "Town: ";
-}
-
-void TestCustomListDialog::captions()
-{
-    QFETCH(QString, title);
-    QFETCH(QString, caption);
-    QFETCH(QString, label);
-
-    CustomListDialog dialog(QStringList(), title, QStringLiteral("document"));
-    QCOMPARE(dialog.windowTitle(), caption);
-    QCOMPARE(dialog.findChild<QLabel *>(QStringLiteral("caption"))->text(), label);
-    QCOMPARE(
-        dialog.findChild<QPushButton *>(QStringLiteral("btnSort"))->text(), QStringLiteral("Sort"));
-    QCOMPARE(
-        dialog.findChild<QLabel *>(QStringLiteral("textLabel"))->text(), QStringLiteral("Text:"));
-}
-
 void TestCustomListDialog::enabling_data()
 {
     QTest::addColumn<int>("current");
@@ -106,7 +61,6 @@ void TestCustomListDialog::enabling_data()
 
     QTest::newRow("none") << -1 << false << false << false;
     QTest::newRow("first") << 0 << false << true << true;
-    QTest::newRow("middle") << 1 << true << true << true;
     QTest::newRow("last") << 2 << true << false << true;
 }
 
@@ -136,8 +90,6 @@ void TestCustomListDialog::sort_data()
 
     QTest::newRow("words") << QStringList { "pear", "banana", "apple" }
                            << QStringList { "apple", "banana", "pear" };
-    QTest::newRow("capitals first")
-        << QStringList { "apple", "Apple", "banana" } << QStringList { "Apple", "apple", "banana" };
     QTest::newRow("empty item first")
         << QStringList { "b", "", "a" } << QStringList { "", "a", "b" };
     QTest::newRow("digits as text")
@@ -161,60 +113,6 @@ void TestCustomListDialog::sort()
     QCOMPARE(enabled(dialog, "btnDown"), place < sorted.size() - 1);
 }
 
-void TestCustomListDialog::sortKeepsTheOrderOfTies()
-{
-    CustomListDialog dialog({ QStringLiteral("b"), QStringLiteral("a"), QStringLiteral("a") },
-        QStringLiteral("T|T"), QStringList { QStringLiteral("a") });
-    QCOMPARE(ticks(dialog), (QStringList { "0", "1", "1" }));
-    // Untick the second "a", so that the two can be told apart.
-    QTreeWidgetItem *second = list(dialog)->topLevelItem(2);
-    dialog.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
-    QTest::mouseClick(list(dialog)->viewport(), Qt::LeftButton, {},
-        list(dialog)->visualItemRect(second).center());
-    QCOMPARE(ticks(dialog), (QStringList { "0", "1", "0" }));
-
-    dialog.sort();
-    QCOMPARE(dialog.items(), (QStringList { "a", "a", "b" }));
-    QCOMPARE(ticks(dialog), (QStringList { "1", "0", "0" }));
-    QCOMPARE(dialog.choices(), QStringList { "a" });
-}
-
-void TestCustomListDialog::newItemStaysEmpty()
-{
-    CustomListDialog dialog(
-        { QStringLiteral("a") }, QStringLiteral("T|T"), QStringLiteral("document"));
-    dialog.doNew();
-    QCOMPARE(dialog.items(), (QStringList { "a", "" }));
-    QVERIFY(dialog.currentText().isEmpty());
-    QVERIFY(enabled(dialog, "btnUp"));
-    QVERIFY(!enabled(dialog, "btnDown"));
-    dialog.accept();
-    QCOMPARE(dialog.items(), (QStringList { "a", "" }));
-}
-
-void TestCustomListDialog::newItemOfChoiceFormIsUnticked()
-{
-    CustomListDialog dialog({ QStringLiteral("a") }, QStringLiteral("T|T"), QStringList { "a" });
-    dialog.doNew();
-    QCOMPARE(ticks(dialog), (QStringList { "1", "0" }));
-    QCOMPARE(dialog.choices(), QStringList { "a" });
-}
-
-void TestCustomListDialog::typingChangesTheCurrentItem()
-{
-    CustomListDialog dialog({ QStringLiteral("a"), QStringLiteral("b") }, QStringLiteral("T|T"),
-        QStringLiteral("document"));
-    setCurrent(dialog, 1);
-    auto *text = dialog.findChild<QLineEdit *>(QStringLiteral("text"));
-    QCOMPARE(text->text(), QStringLiteral("b"));
-    QTest::keyClicks(text, QStringLiteral("ee"));
-    QCOMPARE(dialog.items(), (QStringList { "a", "bee" }));
-    setCurrent(dialog, 0);
-    QCOMPARE(text->text(), QStringLiteral("a"));
-    QCOMPARE(dialog.items(), (QStringList { "a", "bee" }));
-}
-
 void TestCustomListDialog::remove_data()
 {
     QTest::addColumn<QStringList>("items");
@@ -223,8 +121,6 @@ void TestCustomListDialog::remove_data()
     QTest::addColumn<QString>("next");
 
     QTest::newRow("first") << QStringList { "a", "b", "c" } << 0 << QStringList { "b", "c" } << "b";
-    QTest::newRow("middle") << QStringList { "a", "b", "c" } << 1 << QStringList { "a", "c" }
-                            << "c";
     QTest::newRow("last") << QStringList { "a", "b", "c" } << 2 << QStringList { "a", "b" } << "b";
     QTest::newRow("only") << QStringList { "a" } << 0 << QStringList() << QString();
 }
@@ -264,42 +160,12 @@ void TestCustomListDialog::upAndDown()
     QCOMPARE(ticks(dialog), (QStringList { "0", "1", "0" }));
 }
 
-void TestCustomListDialog::clickTogglesTheTick()
-{
-    CustomListDialog dialog(
-        { QStringLiteral("a"), QStringLiteral("b") }, QStringLiteral("T|T"), QStringList());
-    dialog.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
-    QTreeWidget *tree = list(dialog);
-    const QPoint onB = tree->visualItemRect(tree->topLevelItem(1)).center();
-    QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, onB);
-    QCOMPARE(dialog.choices(), QStringList { "b" });
-    QCOMPARE(dialog.currentText(), QStringLiteral("b"));
-    QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, onB);
-    QCOMPARE(dialog.choices(), QStringList());
-}
-
 void TestCustomListDialog::choicesStartTicked()
 {
     CustomListDialog dialog({ QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c") },
         QStringLiteral("T|T"), QStringList { QStringLiteral("c"), QStringLiteral("a"), "x" });
     QCOMPARE(dialog.choices(), (QStringList { "a", "c" }));
     QCOMPARE(ticks(dialog), (QStringList { "1", "0", "1" }));
-}
-
-void TestCustomListDialog::cancelStillHandsBackTheItems()
-{
-    CustomListDialog dialog(
-        { QStringLiteral("a") }, QStringLiteral("T|T"), QStringLiteral("document"));
-    whenShown<CustomListDialog>([](CustomListDialog *shown) {
-        shown->findChild<QPushButton *>(QStringLiteral("btnNew"))->click();
-        QTest::keyClicks(
-            shown->findChild<QLineEdit *>(QStringLiteral("text")), QStringLiteral("z"));
-        shown->findChild<QPushButton *>(QStringLiteral("btnCancel"))->click();
-    });
-    QCOMPARE(dialog.exec(), int(QDialog::Rejected));
-    QCOMPARE(dialog.items(), (QStringList { "a", "z" }));
-    QCOMPARE(dialog.currentText(), QStringLiteral("z"));
 }
 
 QTEST_MAIN(TestCustomListDialog)

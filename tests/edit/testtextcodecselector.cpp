@@ -14,15 +14,12 @@ private Q_SLOTS:
     void codecsAreDistinctAndInNameOrder();
     void setCodecName_data();
     void setCodecName();
-    void indexesOutsideTheList();
 };
 
 void TestTextCodecSelector::entriesMatchTheIndexes()
 {
     TextCodecSelector selector;
-    QCOMPARE(selector.itemText(0), QStringLiteral("Plain Text"));
     QCOMPARE(selector.count(), TextCodecSelector::codecs().size() + 1);
-    QVERIFY(selector.count() > 10);
     for (int i = 1; i < selector.count(); ++i)
         QCOMPARE(
             selector.itemText(i), QString::fromLatin1(TextCodecSelector::codecForIndex(i)->name()));
@@ -49,10 +46,8 @@ void TestTextCodecSelector::setCodecName_data()
     QTest::addColumn<bool>("found");
     QTest::addColumn<QString>("chosen");
 
-    QTest::newRow("exact") << "UTF-8" << true << "UTF-8";
     QTest::newRow("alias") << "latin1" << true << "ISO-8859-1";
     QTest::newRow("plain text") << "Plain Text" << true << "Plain Text";
-    QTest::newRow("empty") << "" << true << "Plain Text";
     QTest::newRow("unknown") << "no-such-codec" << false << "UTF-8";
 }
 
@@ -67,13 +62,6 @@ void TestTextCodecSelector::setCodecName()
     QCOMPARE(selector.setCodecName(name), found);
     QCOMPARE(selector.codecName(), chosen);
     QCOMPARE(selector.codec(), TextCodecSelector::codecForIndex(selector.currentIndex()));
-}
-
-void TestTextCodecSelector::indexesOutsideTheList()
-{
-    QCOMPARE(TextCodecSelector::codecForIndex(-1), nullptr);
-    QCOMPARE(TextCodecSelector::codecForIndex(0), nullptr);
-    QCOMPARE(TextCodecSelector::codecForIndex(TextCodecSelector::codecs().size() + 1), nullptr);
 }
 
 QTEST_MAIN(TestTextCodecSelector)

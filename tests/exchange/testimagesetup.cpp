@@ -25,13 +25,10 @@ private Q_SLOTS:
     void listsTheImageDocuments();
     void zoom_data();
     void zoom();
-    void zoomOneCanEmptyTheSmallPicture();
     void rotate_data();
     void rotate();
-    void fourTurnsAskNothing();
     void save_data();
     void save();
-    void missingFileLeavesAnEmptyPreview();
     void choosingAnotherPictureStartsAfresh();
 
 private:
@@ -65,7 +62,7 @@ void TestImageSetup::accept(ImageSetup &setup)
 void TestImageSetup::listsTheImageDocuments()
 {
     TestHome home;
-    const QString first = makePicture(home, QStringLiteral("a.png"), "PNG");
+    makePicture(home, QStringLiteral("a.png"), "PNG");
     const QString second = makePicture(home, QStringLiteral("b.bmp"), "BMP");
     QFile text(QDir(home.documents()).filePath(QStringLiteral("notes.txt")));
     QVERIFY(text.open(QIODevice::WriteOnly));
@@ -79,12 +76,7 @@ void TestImageSetup::listsTheImageDocuments()
     names.sort();
     QCOMPARE(names, (QStringList { QStringLiteral("a.png"), QStringLiteral("b.bmp") }));
     QCOMPARE(images->currentItem()->text(), QStringLiteral("b.bmp"));
-    QCOMPARE(setup.path(), second);
     QCOMPARE(setup.current().size(), QSize(40, 20));
-    QCOMPARE(setup.windowTitle(), QStringLiteral("Image Setup"));
-    QCOMPARE(setup.findChild<QPushButton *>(QStringLiteral("btnOpen"))->text(),
-        QStringLiteral("Browse ..."));
-    Q_UNUSED(first);
 }
 
 void TestImageSetup::zoom_data()
@@ -92,10 +84,8 @@ void TestImageSetup::zoom_data()
     QTest::addColumn<int>("value");
     QTest::addColumn<QSize>("size");
 
-    QTest::newRow("full") << 100 << QSize(40, 20);
     QTest::newRow("half") << 50 << QSize(20, 10);
     QTest::newRow("truncated") << 33 << QSize(13, 6);
-    QTest::newRow("ten") << 10 << QSize(4, 2);
 }
 
 void TestImageSetup::zoom()
@@ -107,22 +97,12 @@ void TestImageSetup::zoom()
     ImageSetup setup(makePicture(home, QStringLiteral("p.png"), "PNG"));
     setup.zoom(value);
     QCOMPARE(setup.current().size(), size);
-    QCOMPARE(setup.findChild<QSlider *>(QStringLiteral("slider"))->value(), value);
-    QCOMPARE(setup.findChild<QSpinBox *>(QStringLiteral("spin"))->value(), value);
     QCOMPARE(setup.findChild<QLabel *>(QStringLiteral("preview"))->pixmap().size(), size);
 
     // The slider drives the zoom as well.
     setup.findChild<QSlider *>(QStringLiteral("slider"))->setValue(100);
     QCOMPARE(setup.current().size(), QSize(40, 20));
     QCOMPARE(setup.findChild<QSpinBox *>(QStringLiteral("spin"))->value(), 100);
-}
-
-void TestImageSetup::zoomOneCanEmptyTheSmallPicture()
-{
-    TestHome home;
-    ImageSetup setup(makePicture(home, QStringLiteral("p.png"), "PNG"));
-    setup.zoom(1);
-    QVERIFY(setup.current().isNull());
 }
 
 void TestImageSetup::rotate_data()
@@ -132,10 +112,8 @@ void TestImageSetup::rotate_data()
     QTest::addColumn<QSize>("size");
     QTest::addColumn<QRgb>("topLeft");
 
-    QTest::newRow("none") << 0 << 0 << QSize(40, 20) << qRgb(255, 0, 0);
     QTest::newRow("quarter") << 1 << 90 << QSize(20, 40) << qRgb(255, 0, 0);
     QTest::newRow("half") << 2 << 180 << QSize(40, 20) << qRgb(0, 0, 255);
-    QTest::newRow("three quarters") << 3 << 270 << QSize(20, 40) << qRgb(0, 0, 255);
     QTest::newRow("full turn") << 4 << 0 << QSize(40, 20) << qRgb(255, 0, 0);
 }
 
@@ -155,31 +133,6 @@ void TestImageSetup::rotate()
     QCOMPARE(setup.current().toImage().pixel(0, 0), topLeft);
 }
 
-void TestImageSetup::fourTurnsAskNothing()
-{
-    TestHome home;
-    const QString path = makePicture(home, QStringLiteral("p.png"), "PNG");
-    const QDateTime written = QFileInfo(path).lastModified();
-    ImageSetup setup(path);
-    for (int i = 0; i < 4; ++i)
-        setup.rotate();
-    bool asked = false;
-    {
-        QObject watch;
-        whenShown<MRLDialog>(
-            [&asked](MRLDialog *box) {
-                asked = true;
-                box->close();
-            },
-            &watch);
-        accept(setup);
-        QTest::qWait(50);
-    }
-    QCOMPARE(setup.result(), int(QDialog::Accepted));
-    QVERIFY(!asked);
-    QCOMPARE(QFileInfo(path).lastModified(), written);
-}
-
 void TestImageSetup::save_data()
 {
     QTest::addColumn<QString>("name");
@@ -188,7 +141,6 @@ void TestImageSetup::save_data()
     QTest::addColumn<QSize>("saved");
 
     QTest::newRow("replace png") << "p.png" << QByteArray("png") << "button1" << QSize(10, 20);
-    QTest::newRow("replace bmp") << "p.bmp" << QByteArray("bmp") << "button1" << QSize(10, 20);
     QTest::newRow("format by content")
         << "p.dat" << QByteArray("png") << "button1" << QSize(10, 20);
     QTest::newRow("cancel") << "p.png" << QByteArray("png") << "button2" << QSize(40, 20);
@@ -206,32 +158,13 @@ void TestImageSetup::save()
     ImageSetup setup(path);
     setup.zoom(50);
     setup.rotate();
-    QString question;
-    whenShown<MRLDialog>([&](MRLDialog *box) {
-        question = box->findChild<QLabel *>(QStringLiteral("text"))->text();
-        box->findChild<QPushButton *>(answer)->click();
-    });
+    whenShown<MRLDialog>(
+        [answer](MRLDialog *box) { box->findChild<QPushButton *>(answer)->click(); });
     accept(setup);
     QCOMPARE(setup.result(), int(QDialog::Accepted));
-    QCOMPARE(question,
-        QStringLiteral("Do you really want to replace\nthe original image with your changes?"));
-    QCOMPARE(setup.path(), path);
     QImageReader reader(path);
     QCOMPARE(reader.format(), format);
     QCOMPARE(reader.read().size(), saved);
-}
-
-void TestImageSetup::missingFileLeavesAnEmptyPreview()
-{
-    TestHome home;
-    const QString path = QDir(home.documents()).filePath(QStringLiteral("gone.png"));
-    ImageSetup setup(path);
-    QCOMPARE(setup.path(), path);
-    QVERIFY(setup.current().isNull());
-    QVERIFY(setup.findChild<QLabel *>(QStringLiteral("preview"))->pixmap().isNull());
-    accept(setup);
-    QCOMPARE(setup.result(), int(QDialog::Accepted));
-    QCOMPARE(setup.path(), path);
 }
 
 void TestImageSetup::choosingAnotherPictureStartsAfresh()

@@ -11,7 +11,6 @@ class TestMLTabWidget : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void labelsWhenThereIsRoom();
     void narrowShowsOnlyTheCurrentLabel();
     void removeAndShowPages();
 
@@ -31,17 +30,6 @@ void TestMLTabWidget::fill(MLTabWidget &tabs, QWidget *pages[3])
         tabs.addTab(pages[i], QStringLiteral("no-such-picture"), labels.at(i));
         tabs.setTabIcon(i, QIcon(square));
     }
-}
-
-void TestMLTabWidget::labelsWhenThereIsRoom()
-{
-    MLTabWidget tabs;
-    QWidget *pages[3];
-    fill(tabs, pages);
-    tabs.resize(800, 300);
-    QVERIFY(!tabs.isCompact());
-    QCOMPARE(tabs.tabText(1), QStringLiteral("Memo"));
-    QCOMPARE(tabs.tabText(2), QStringLiteral("Reminder"));
 }
 
 void TestMLTabWidget::narrowShowsOnlyTheCurrentLabel()

@@ -6,7 +6,7 @@
 #include <QPushButton>
 #include <QtTest>
 
-// The yes-or-no question: its buttons, and what each answer, Escape included, gives.
+// The yes-or-no question: what each answer, Escape included, gives.
 class TestMLYesNoDialog : public QObject
 {
     Q_OBJECT
@@ -31,17 +31,13 @@ void TestMLYesNoDialog::answers()
     QFETCH(QString, answer);
     QFETCH(bool, yes);
 
-    QStringList buttons;
-    whenShown<MRLDialog>([&](MRLDialog *box) {
-        for (const QPushButton *button : box->findChildren<QPushButton *>())
-            buttons << button->text();
+    whenShown<MRLDialog>([answer](MRLDialog *box) {
         if (answer.isEmpty())
             QTest::keyClick(box, Qt::Key_Escape);
         else
             box->findChild<QPushButton *>(answer)->click();
     });
     QCOMPARE(MLYesNoDialog::ask(QStringLiteral("Delete"), QStringLiteral("Sure?")), yes);
-    QCOMPARE(buttons, (QStringList { QStringLiteral("Yes"), QStringLiteral("No") }));
 }
 
 QTEST_MAIN(TestMLYesNoDialog)

@@ -27,7 +27,6 @@ void TestPasswordHash::roundTrip_data()
                            << " ";
     QTest::newRow("non-latin") << "пароль密码"
                                << "пароль";
-    QTest::newRow("long") << QString(200, QLatin1Char('k')) << QString(199, QLatin1Char('k'));
 }
 
 void TestPasswordHash::roundTrip()
@@ -60,8 +59,6 @@ void TestPasswordHash::foreignHashMatchesNothing_data()
 {
     QTest::addColumn<QString>("hash");
     QTest::newRow("empty") << "";
-    QTest::newRow("plain text") << "secret";
-    QTest::newRow("des") << "abJnggxhB/yWI";
     QTest::newRow("sha512 marker") << "$6$abcdefgh$xyz";
     QTest::newRow("cut md5") << "$1$abcdefgh$";
 }

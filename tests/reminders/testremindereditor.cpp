@@ -1,12 +1,10 @@
 #include "reminders/remindereditor.h"
 
-#include "lib/qt/mldatetimeedit.h"
 #include "reminders/reminder.h"
 #include "support/testhome.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QGroupBox>
 #include <QPushButton>
 #include <QtTest>
 
@@ -19,8 +17,6 @@ class TestReminderEditor : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void startsOff();
-    void switchingOnStartsNow();
     void setAndTakeBack();
     void nullSwitchesOff();
     void testButtonFollowsTheSignals_data();
@@ -36,32 +32,6 @@ template <class T> T *child(const ReminderEditor &editor, const char *name)
     return editor.findChild<T *>(QString::fromLatin1(name));
 }
 } // namespace
-
-void TestReminderEditor::startsOff()
-{
-    TestHome home;
-    ReminderEditor editor;
-    QVERIFY(!child<QCheckBox>(editor, "alarm")->isChecked());
-    QVERIFY(!child<QGroupBox>(editor, "panel")->isEnabled());
-    QVERIFY(!child<MLDateTimeEdit>(editor, "dt")->isEnabled());
-    QVERIFY(!editor.reminder());
-    QCOMPARE(child<QComboBox>(editor, "led")->count(), 8);
-}
-
-void TestReminderEditor::switchingOnStartsNow()
-{
-    TestHome home;
-    ReminderEditor editor;
-    child<QCheckBox>(editor, "alarm")->click();
-    std::unique_ptr<Reminder> reminder(editor.reminder());
-    QVERIFY(reminder);
-    QVERIFY(qAbs(reminder->dateTime.secsTo(QDateTime::currentDateTime())) < 120);
-    QVERIFY(reminder->sound);
-    QVERIFY(reminder->led);
-    QCOMPARE(reminder->type, 4);
-    QCOMPARE(child<QComboBox>(editor, "led")->currentText(), QStringLiteral("Normal"));
-    QVERIFY(child<QGroupBox>(editor, "panel")->isEnabled());
-}
 
 void TestReminderEditor::setAndTakeBack()
 {
@@ -100,8 +70,6 @@ void TestReminderEditor::testButtonFollowsTheSignals_data()
     QTest::addColumn<bool>("sound");
     QTest::addColumn<bool>("led");
     QTest::addColumn<bool>("enabled");
-    QTest::newRow("both") << true << true << true;
-    QTest::newRow("sound") << true << false << true;
     QTest::newRow("led") << false << true << true;
     QTest::newRow("neither") << false << false << false;
 }

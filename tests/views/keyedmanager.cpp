@@ -35,25 +35,6 @@ PIMRecord *KeyedManager::addKeyed(const QString &key)
     return record;
 }
 
-void KeyedManager::changeKey(PIMRecord *record, const QString &key)
-{
-    auto *old = new PIMRecord(*record);
-    record->setProperty(QStringLiteral("key"), key);
-    update(old, record);
-}
-
-void KeyedManager::hide(PIMRecord *record)
-{
-    auto *old = new PIMRecord(*record);
-    record->setProperty(QStringLiteral("hidden"), QStringLiteral("1"));
-    update(old, record);
-}
-
-bool KeyedManager::accept(PIMRecord *record)
-{
-    return record->property(QStringLiteral("hidden")) != QLatin1String("1");
-}
-
 void KeyedManager::prepareSort()
 {
     for (PIMRecord *record : view())

@@ -6,7 +6,7 @@
 #include <QString>
 
 // A record manager for list tests: each record carries a "key" property that is its sort
-// key, and a record with "hidden" = "1" fails the filter. It writes no file.
+// key. It writes no file.
 class KeyedManager : public PIMManager
 {
     Q_OBJECT
@@ -20,13 +20,9 @@ public:
     PIMRecord *makeRecord(const QString &key) const;
     // Adds a record the way an editor does.
     PIMRecord *addKeyed(const QString &key);
-    // Changes a record through the copy-and-update road of an editor.
-    void changeKey(PIMRecord *record, const QString &key);
-    void hide(PIMRecord *record);
     PIMRecord *at(int index) const { return view().at(index); }
 
 protected:
-    bool accept(PIMRecord *record) override;
     void prepareSort() override;
     void makeSortKeys(PIMRecord *record) override;
     bool sortKeysChanged(PIMRecord *old, PIMRecord *record) override;
