@@ -101,26 +101,22 @@ bool ImageEditorWidget::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched != m_label)
         return QStackedWidget::eventFilter(watched, event);
+    const bool press = event->type() == QEvent::MouseButtonPress;
+    const bool release = event->type() == QEvent::MouseButtonRelease;
+    if (!press && !release)
+        return QStackedWidget::eventFilter(watched, event);
     const auto *mouse = static_cast<QMouseEvent *>(event);
-    switch (event->type()) {
-    case QEvent::MouseButtonPress:
-        if (mouse->button() == Qt::LeftButton) {
-            m_held = false;
-            m_holdTimer->start();
-        }
-        break;
-    case QEvent::MouseButtonRelease:
-        if (mouse->button() == Qt::LeftButton) {
-            m_holdTimer->stop();
-            if (!m_held && m_label->rect().contains(mouse->position().toPoint()))
-                pictureTapped();
-            return true;
-        }
-        break;
-    default:
-        break;
+    if (mouse->button() != Qt::LeftButton)
+        return QStackedWidget::eventFilter(watched, event);
+    if (press) {
+        m_held = false;
+        m_holdTimer->start();
+        return QStackedWidget::eventFilter(watched, event);
     }
-    return QStackedWidget::eventFilter(watched, event);
+    m_holdTimer->stop();
+    if (!m_held && m_label->rect().contains(mouse->position().toPoint()))
+        pictureTapped();
+    return true;
 }
 
 void ImageEditorWidget::pictureTapped()
