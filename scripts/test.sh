@@ -9,7 +9,7 @@ if [ "${1:-}" = "--sanitize" ]; then
   export BUILD_TYPE=Debug
   cmake_args+=(-DNORVIKA_SANITIZE=ON)
   export ASAN_OPTIONS=${ASAN_OPTIONS:-detect_leaks=1}
-  export UBSAN_OPTIONS=${UBSAN_OPTIONS:-print_stacktrace=1:halt_on_error=1}
+  export UBSAN_OPTIONS=${UBSAN_OPTIONS:-print_stacktrace=1:halt_on_error=1:suppressions=$here/scripts/ubsan.supp}
 fi
 build=${BUILD_DIR:-$here/build}
 "$here/scripts/build.sh" "${cmake_args[@]}"
