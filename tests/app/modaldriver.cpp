@@ -72,7 +72,20 @@ void ModalDriver::poll()
     // Run the step after this poll has returned: a step may open a nested dialog, and this
     // timer would not fire again while its own slot is still running.
     const Step step = m_steps.takeFirst();
-    QTimer::singleShot(0, widget, [step, widget] { step(widget); });
+    QTimer::singleShot(0, widget, [this, step, widget] { runStep(step, widget); });
+}
+
+// A dialog that closes and brings up a message at once can leave the one under it in front
+// for an instant, long enough for a poll under load; the step then waits for the next.
+void ModalDriver::runStep(const Step &step, QWidget *widget)
+{
+    if (QApplication::activeModalWidget() == widget) {
+        step(widget);
+        return;
+    }
+    m_steps.prepend(step);
+    m_seen.removeLast();
+    m_last = nullptr;
 }
 
 void ModalDriver::rejectDialog(QWidget *widget)

@@ -43,6 +43,7 @@ public:
 
 private:
     void poll();
+    void runStep(const Step &step, QWidget *widget);
     static void rejectDialog(QWidget *widget);
 
     QTimer m_timer;
