@@ -47,6 +47,32 @@ template <class T> bool store(T &value, const T &newValue)
     value = newValue;
     return changed;
 }
+
+// Every chooser's value widget goes by one name, so that it can be found from outside.
+template <class Editor> Editor *addEditor(PopupDialog &popup)
+{
+    auto *editor = new Editor(&popup);
+    editor->setObjectName(QStringLiteral("editor"));
+    popup.contentLayout()->addWidget(editor);
+    editor->setFocus();
+    return editor;
+}
+
+// "Set" takes what the editor shows, "Current" the clock as it is when pressed.
+template <class T, class Shown, class Now>
+bool setOrCurrent(PopupDialog &popup, const QPoint &pos, T &value, Shown shown, Now now)
+{
+    popup.addButton(tr("Set"), QStringLiteral("button_ok"));
+    popup.addButton(tr("Current"), QStringLiteral("clock"));
+    switch (popup.execAt(pos)) {
+    case 1:
+        return store(value, shown());
+    case 2:
+        return store(value, now());
+    default:
+        return false;
+    }
+}
 } // namespace
 
 bool editText(QWidget *parent, const QString &title, QString &text)
@@ -97,13 +123,10 @@ bool editReminderDateTime(QWidget *parent, const QPoint &pos, QDateTime &dateTim
 {
     removed = false;
     PopupDialog popup(parent);
-    auto *edit = new MLDateTimeEdit(&popup);
-    edit->setObjectName(QStringLiteral("editor"));
+    auto *edit = addEditor<MLDateTimeEdit>(popup);
     edit->setDateTime(dateTime.isValid() ? dateTime : currentDateTime());
-    popup.contentLayout()->addWidget(edit);
     popup.addButton(tr("Remove Reminder"), QStringLiteral("button_cancel"));
     popup.addButton(tr("Set"), QStringLiteral("button_ok"));
-    edit->setFocus();
     switch (popup.execAt(pos)) {
     case 1:
         removed = true;
@@ -118,14 +141,11 @@ bool editReminderDateTime(QWidget *parent, const QPoint &pos, QDateTime &dateTim
 bool editDate(QWidget *parent, const QPoint &pos, QDate &date)
 {
     PopupDialog popup(parent);
-    auto *edit = new MLDateEdit(&popup);
-    edit->setObjectName(QStringLiteral("editor"));
+    auto *edit = addEditor<MLDateEdit>(popup);
     edit->setDate(date.isValid() ? date : QDate::currentDate());
-    popup.contentLayout()->addWidget(edit);
     popup.addButton(tr("Set"), QStringLiteral("button_ok"));
     popup.addButton(tr("Today"), QStringLiteral("clock"));
     popup.addButton(tr("None"), QStringLiteral("button_cancel"));
-    edit->setFocus();
     switch (popup.execAt(pos)) {
     case 1:
         return store(date, edit->date());
@@ -141,39 +161,15 @@ bool editDate(QWidget *parent, const QPoint &pos, QDate &date)
 bool editTime(QWidget *parent, const QPoint &pos, QTime &time)
 {
     PopupDialog popup(parent);
-    auto *edit = new MLTimeEdit(&popup);
-    edit->setObjectName(QStringLiteral("editor"));
+    auto *edit = addEditor<MLTimeEdit>(popup);
     edit->setTime(time.isValid() ? time : currentTime());
-    popup.contentLayout()->addWidget(edit);
-    popup.addButton(tr("Set"), QStringLiteral("button_ok"));
-    popup.addButton(tr("Current"), QStringLiteral("clock"));
-    edit->setFocus();
-    switch (popup.execAt(pos)) {
-    case 1:
-        return store(time, edit->time());
-    case 2:
-        return store(time, currentTime());
-    default:
-        return false;
-    }
+    return setOrCurrent(popup, pos, time, [edit] { return edit->time(); }, currentTime);
 }
 
 bool editDateTime(QWidget *parent, const QPoint &pos, QDateTime &dateTime)
 {
     PopupDialog popup(parent);
-    auto *edit = new MLDateTimeEdit(&popup);
-    edit->setObjectName(QStringLiteral("editor"));
+    auto *edit = addEditor<MLDateTimeEdit>(popup);
     edit->setDateTime(dateTime.isValid() ? dateTime : currentDateTime());
-    popup.contentLayout()->addWidget(edit);
-    popup.addButton(tr("Set"), QStringLiteral("button_ok"));
-    popup.addButton(tr("Current"), QStringLiteral("clock"));
-    edit->setFocus();
-    switch (popup.execAt(pos)) {
-    case 1:
-        return store(dateTime, edit->dateTime());
-    case 2:
-        return store(dateTime, currentDateTime());
-    default:
-        return false;
-    }
+    return setOrCurrent(popup, pos, dateTime, [edit] { return edit->dateTime(); }, currentDateTime);
 }
