@@ -17,8 +17,6 @@ class TestFormulaEvaluator : public QObject
 private Q_SLOTS:
     void language_data();
     void language();
-    void hostileTexts_data();
-    void hostileTexts();
     void nestingLimit();
     void references_data();
     void references();
@@ -105,23 +103,8 @@ void TestFormulaEvaluator::language_data()
     row("after a failure", "bar+", 0, false);
     row("atan restarting the text", "atan(1 ", 0, false);
     row("atan restarting after a sum", "1+atan(2 ", 0, false);
-}
 
-void TestFormulaEvaluator::language()
-{
-    QFETCH(QString, formula);
-    QFETCH(double, expected);
-    QFETCH(bool, ok);
-    const Result result = run(formula);
-    QCOMPARE(result.value, expected);
-    QCOMPARE(result.ok, ok);
-}
-
-void TestFormulaEvaluator::hostileTexts_data()
-{
-    QTest::addColumn<QString>("formula");
-    QTest::addColumn<double>("expected");
-    QTest::addColumn<bool>("ok");
+    // Texts no user types, but a damaged card may hold: they end, and fail or add up.
     const qsizetype deep = 100000;
     QTest::newRow("nested brackets")
         << repeated("(", deep) + QStringLiteral("1") + repeated(")", deep) << 0.0 << false;
@@ -140,7 +123,7 @@ void TestFormulaEvaluator::hostileTexts_data()
     QTest::newRow("megabyte name") << repeated("x", 1000000) << 0.0 << false;
 }
 
-void TestFormulaEvaluator::hostileTexts()
+void TestFormulaEvaluator::language()
 {
     QFETCH(QString, formula);
     QFETCH(double, expected);

@@ -97,6 +97,8 @@ private:
     };
     static Bound bind(const TestHome &home, int records, bool paged = true);
     static QPoint cellCenter(PIMListView &list, int row, int column);
+    // Puts the pointer on a cell of the shown list and presses there.
+    static QPoint pressCell(PIMListView &list, int row, int column);
 };
 
 TestPIMListView::Bound TestPIMListView::bind(const TestHome &home, int records, bool paged)
@@ -115,6 +117,14 @@ QPoint TestPIMListView::cellCenter(PIMListView &list, int row, int column)
     rect.setLeft(list.header()->sectionViewportPosition(column));
     rect.setWidth(list.header()->sectionSize(column));
     return rect.center();
+}
+
+QPoint TestPIMListView::pressCell(PIMListView &list, int row, int column)
+{
+    const QPoint point = cellCenter(list, row, column);
+    QCursor::setPos(list.viewport()->mapToGlobal(point));
+    QTest::mousePress(list.viewport(), Qt::LeftButton, {}, point);
+    return point;
 }
 
 void TestPIMListView::pageBar_data()
@@ -272,9 +282,7 @@ void TestPIMListView::tapActivatesTouchedCell()
     QSignalSpy activate(&list, qOverload<const QPoint &, PIMRecord *, int>(&PIMListView::activate));
     QSignalSpy popup(&list, qOverload<const QPoint &, PIMRecord *, int>(&PIMListView::popup));
 
-    const QPoint point = cellCenter(list, 3, 1);
-    QCursor::setPos(list.viewport()->mapToGlobal(point));
-    QTest::mousePress(list.viewport(), Qt::LeftButton, {}, point);
+    const QPoint point = pressCell(list, 3, 1);
     QCoreApplication::processEvents();
     QTest::mouseRelease(list.viewport(), Qt::LeftButton, {}, point);
     QCoreApplication::processEvents();
@@ -297,9 +305,7 @@ void TestPIMListView::pressAndHoldPopsUpOnce()
     QSignalSpy activate(&list, qOverload<const QPoint &, PIMRecord *, int>(&PIMListView::activate));
     QSignalSpy popup(&list, qOverload<const QPoint &, PIMRecord *, int>(&PIMListView::popup));
 
-    const QPoint point = cellCenter(list, 5, 0);
-    QCursor::setPos(list.viewport()->mapToGlobal(point));
-    QTest::mousePress(list.viewport(), Qt::LeftButton, {}, point);
+    const QPoint point = pressCell(list, 5, 0);
     QTRY_COMPARE(popup.count(), 1);
     QCOMPARE(popup.at(0).at(1).value<PIMRecord *>(), bound.manager->at(5));
     QCOMPARE(popup.at(0).at(2).toInt(), 0);
