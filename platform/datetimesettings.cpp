@@ -39,6 +39,22 @@ bool DateTimeSettings::update()
     return true;
 }
 
+void DateTimeSettings::store(
+    bool ampm, bool mondayFirst, QChar separator, int shortOrder, int longOrder)
+{
+    {
+        Config cfg(QStringLiteral("qpe"));
+        cfg.setGroup(QStringLiteral("Time"));
+        cfg.writeEntry(QStringLiteral("AMPM"), ampm);
+        cfg.writeEntry(QStringLiteral("MONDAY"), mondayFirst);
+        cfg.setGroup(QStringLiteral("Date"));
+        cfg.writeEntry(QStringLiteral("Separator"), QString(separator));
+        cfg.writeEntry(QStringLiteral("ShortOrder"), shortOrder);
+        cfg.writeEntry(QStringLiteral("LongOrder"), longOrder);
+    }
+    update();
+}
+
 bool DateTimeSettings::ampm()
 {
     ensureRead();

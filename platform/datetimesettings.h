@@ -22,6 +22,8 @@ public:
 
     // Reads the settings; emits changed() and returns true when a value differs.
     bool update();
+    // Writes the settings to the "qpe" file and takes them at once.
+    void store(bool ampm, bool mondayFirst, QChar separator, int shortOrder, int longOrder);
     // Forgets what was read, so the next getter reads again (tests switch homes with it).
     void invalidate() { m_read = false; }
 
