@@ -1,5 +1,6 @@
 #include "app/mrlmainwindow.h"
 
+#include "app/datetimedialog.h"
 #include "app/resourceicons.h"
 #include "lib/qt/aboutdialog.h"
 #include "lib/qt/mrlaction.h"
@@ -7,6 +8,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QPushButton>
 #include <QResizeEvent>
 #include <QScreen>
 #include <QToolBar>
@@ -152,5 +154,8 @@ void MRLMainWindow::showAbout()
                   PlatformPaths::shareDir().toHtmlEscaped());
     AboutDialog box(loadPixmap(QStringLiteral("32/cards")),
         tr("About") + QStringLiteral(" Norvika"), text, this);
+    QPushButton *dateTime = box.addButton(tr("Date and Time") + QStringLiteral(" ..."));
+    dateTime->setObjectName(QStringLiteral("dateTime"));
+    connect(dateTime, &QPushButton::clicked, &box, [&box] { DateTimeDialog(&box).exec(); });
     box.exec();
 }

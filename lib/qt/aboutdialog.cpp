@@ -9,6 +9,7 @@
 AboutDialog::AboutDialog(
     const QPixmap &picture, const QString &caption, const QString &richText, QWidget *parent)
     : QDialog(parent)
+    , m_buttons(new QDialogButtonBox(QDialogButtonBox::Ok, this))
 {
     setObjectName(QStringLiteral("about"));
     setWindowTitle(caption);
@@ -24,12 +25,16 @@ AboutDialog::AboutDialog(
     textLabel->setTextInteractionFlags(Qt::TextSelectableByMouse);
     textLabel->setMinimumWidth(360);
 
-    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok, this);
-    buttons->button(QDialogButtonBox::Ok)->setText(tr("Ok"));
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    m_buttons->button(QDialogButtonBox::Ok)->setText(tr("Ok"));
+    connect(m_buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
 
     auto *grid = new QGridLayout(this);
     grid->addWidget(pictureLabel, 0, 0);
     grid->addWidget(textLabel, 0, 1);
-    grid->addWidget(buttons, 1, 0, 1, 2);
+    grid->addWidget(m_buttons, 1, 0, 1, 2);
+}
+
+QPushButton *AboutDialog::addButton(const QString &text)
+{
+    return m_buttons->addButton(text, QDialogButtonBox::ActionRole);
 }

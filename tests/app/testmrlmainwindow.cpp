@@ -1,5 +1,9 @@
 #include "app/mrlmainwindow.h"
 #include "lib/qt/mrlaction.h"
+#include "modaldriver.h"
+#include "support/testhome.h"
+
+#include <QDialog>
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -33,6 +37,7 @@ private Q_SLOTS:
     void resizeRotatesOncePerTurn();
     void zoomKeys_data();
     void zoomKeys();
+    void aboutOpensDateAndTime();
 };
 
 void TestMRLMainWindow::initTestCase()
@@ -131,6 +136,25 @@ void TestMRLMainWindow::zoomKeys()
     }
     QCOMPARE(window.zoomIns, zoomIns);
     QCOMPARE(window.zoomOuts, zoomOuts);
+}
+
+void TestMRLMainWindow::aboutOpensDateAndTime()
+{
+    TestHome home;
+    MRLMainWindow window;
+    ModalDriver driver(QList<ModalDriver::Step> {
+        [](QWidget *about) { ModalDriver::click(about, "dateTime"); },
+        [](QWidget *dateTime) { ModalDriver::click(dateTime, "btnCancel"); },
+        [](QWidget *about) { static_cast<QDialog *>(about)->accept(); } });
+    window.action(QStringLiteral("Brightloom"))->trigger();
+    QTRY_COMPARE(driver.remaining(), 0);
+    QTRY_VERIFY(!QApplication::activeModalWidget());
+    QStringList captions;
+    for (const QString &seen : driver.seen())
+        captions << seen.section(QStringLiteral(" | "), 0, 0);
+    QCOMPARE(captions,
+        QStringList({ QStringLiteral("About Norvika"), QStringLiteral("Date and Time"),
+            QStringLiteral("About Norvika") }));
 }
 
 QTEST_MAIN(TestMRLMainWindow)
