@@ -7,6 +7,7 @@
 #include "cli/formatcommand.h"
 #include "cli/formulacommand.h"
 #include "cli/generatecommand.h"
+#include "cli/importcommand.h"
 #include "cli/listcommand.h"
 #include "cli/setfieldscommand.h"
 #include "platform/platformpaths.h"
@@ -25,6 +26,7 @@ CliApp::CliApp()
     m_commands.push_back(std::make_unique<AddCommand>());
     m_commands.push_back(std::make_unique<GenerateCommand>());
     m_commands.push_back(std::make_unique<ListCommand>());
+    m_commands.push_back(std::make_unique<ImportCommand>());
 }
 
 CliApp::~CliApp() = default;
@@ -60,7 +62,8 @@ int CliApp::usageError(const QString &message) const
     QTextStream err(stderr);
     err.setEncoding(QStringConverter::Utf8);
     err << "norvika-cli: " << message << '\n'
-        << "usage: norvika-cli [--home DIR] COMMAND [ARGS...]  (norvika-cli --help lists the commands)\n";
+        << "usage: norvika-cli [--home DIR] COMMAND [ARGS...]  (norvika-cli --help lists the "
+           "commands)\n";
     return CliCommand::UsageError;
 }
 
