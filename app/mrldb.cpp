@@ -14,6 +14,7 @@
 #include "edit/dataeditor.h"
 #include "edit/popupchoosers.h"
 #include "exchange/imageview.h"
+#include "exchange/importdialog.h"
 #include "lib/qt/enterstringdialog.h"
 #include "lib/qt/mlcalculatordialog.h"
 #include "lib/qt/mlyesnodialog.h"
@@ -332,11 +333,22 @@ void MRLDB::connectCardActions()
         { "newdb", &MRLDB::dbNew },
         { "modify", &MRLDB::doEditCard },
         { "remove", &MRLDB::doRemoveCard },
+        { "import", &MRLDB::doImport },
     };
     for (const auto &command : commands)
         connect(action(QString::fromLatin1(command.name)), &QAction::triggered, this, command.slot);
     action(QStringLiteral("db"))->setEnabled(true);
     action(QStringLiteral("newdb"))->setEnabled(true);
+    action(QStringLiteral("import"))->setEnabled(true);
+}
+
+// The last card the import made opens once the dialog closes.
+void MRLDB::doImport()
+{
+    ImportDialog dialog(cardList, QString(), this);
+    dialog.exec();
+    if (!dialog.importedPath().isEmpty())
+        openCard(dialog.importedPath());
 }
 
 // The commands that need an open card: its details, its deletion, a new record, clearing.
