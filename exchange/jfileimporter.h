@@ -34,15 +34,16 @@ public:
     static QString wrongFormatMessage();
     static const QStringList &dateFormats();
 
+    // A value of a Date field with its fieldOption, and of a Time field.
+    QDate date(const QByteArray &text, qint32 fieldOption) const;
+    static QTime time(const QByteArray &text);
+
+private:
     // The map from JFile field numbers to card positions; -1 for a field left out.
     static QList<int> fieldMap(const QList<JFileReader::Field> &fields);
     FieldDef field(const JFileReader::Field &source, const QList<int> &map, int rowCount) const;
     static QString formula(const JFileReader::Field &source, const QList<int> &map);
-    QDate date(const QByteArray &text, qint32 fieldOption) const;
-    static QTime time(const QByteArray &text);
     QString multiListValue(const QByteArray &text, qint32 fieldOption) const;
-
-private:
     void makeFields(const JFileReader &reader);
     void setValue(
         DataRecord *record, int position, const JFileReader::Field &source, const QByteArray &text);

@@ -27,11 +27,12 @@ public:
     QString errorString() const { return m_errorString; }
 
     static QString wrongFormatMessage();
-    // The field a type string and label make, before settling.
-    FieldDef field(const QByteArray &type, const QByteArray &label, int width) const;
 
 private:
     enum Candidate { NoCandidate, IntegerCandidate, StringCandidate };
+
+    // The field a type string and label make, before settling.
+    FieldDef field(const QByteArray &type, const QByteArray &label, int width) const;
 
     void makeFields(const MobileDBReader &reader);
     void setValue(DataRecord *record, int i, const QByteArray &text);
