@@ -13,6 +13,7 @@
 #include <QDir>
 #include <QFile>
 #include <QTest>
+#include <QTextCodec>
 #include <QtEndian>
 
 // Importing MobileDB and JFile files: the schema and values that arrive, and the refusal of
@@ -29,6 +30,7 @@ private Q_SLOTS:
     void mobileFields();
     void mobileValues_data();
     void mobileValues();
+    void codecDecidesLabels();
     void jfileFields_data();
     void jfileFields();
     void jfileValues_data();
@@ -213,6 +215,26 @@ void TestPalmImport::mobileValues()
     const auto *record = static_cast<const DataRecord *>(card.records().at(row));
     for (int i = 0; i < values.size(); ++i)
         QCOMPARE(slotText(card, record, i), values.at(i));
+}
+
+// The database name and the labels go through the chosen codec.
+void TestPalmImport::codecDecidesLabels()
+{
+    TestHome home;
+    PdbWriter pdb("\xEB\xCE\xC9\xC7\xC9", "Mdb1", "Mdb1");
+    pdb.addRecord(PdbWriter::mobileRecord({ "\xF0\xD2\xC9" }), 1);
+    QFile file(home.file(QStringLiteral("koi8.pdb")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(pdb.bytes());
+    file.close();
+    DBManager list(false);
+    CardImportTarget target(&list, QTextCodec::codecForName("KOI8-R"));
+    MobileDBImporter importer(&target);
+    QVERIFY(importer.import(file.fileName()));
+    QCOMPARE(target.path(), home.documents() + QStringLiteral("/Книги.card"));
+    DataManager card(target.path());
+    QVERIFY(card.load());
+    QCOMPARE(card.field(0).title, QStringLiteral("При"));
 }
 
 void TestPalmImport::jfileFields_data()
