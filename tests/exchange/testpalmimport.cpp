@@ -98,6 +98,7 @@ QByteArray fiftyFieldFile(int numFields, const QByteArrayList &extensions)
 }
 } // namespace
 
+// After a deliberate change to the samples, NORVIKA_WRITE_PALM_SAMPLES=1 rewrites the files.
 void TestPalmImport::samplesMatchWriter()
 {
     const bool write = qEnvironmentVariableIsSet("NORVIKA_WRITE_PALM_SAMPLES");
