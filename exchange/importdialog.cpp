@@ -252,7 +252,7 @@ void ImportDialog::import()
     btnImport->setEnabled(files->count() > 0);
 }
 
-bool ImportDialog::importPalm(const QString &path)
+void ImportDialog::importPalm(const QString &path)
 {
     CardImportTarget target(m_manager, codec());
     bool done = false;
@@ -274,10 +274,9 @@ bool ImportDialog::importPalm(const QString &path)
     if (!done) {
         MRLDialog::ask(tr("Import"), message, QStringLiteral("import2"), tr("Ok"),
             QStringLiteral("button_ok"));
-        return false;
+        return;
     }
     finished(count, target.path());
-    return true;
 }
 
 bool ImportDialog::importTextFile(const QString &)

@@ -46,8 +46,9 @@ private:
     bool wanted(const QString &path) const;
     void addRow(const QString &path, const QString &icon);
     QTextCodec *codec() const;
-    bool importPalm(const QString &path);
-    // The text wizard's entry; until it is built, text files are not imported.
+    void importPalm(const QString &path);
+    // The text wizard's entry: true when a card was made. Until the wizard is built, text
+    // files are not imported.
     bool importTextFile(const QString &path);
     void finished(int count, const QString &path);
 
