@@ -55,6 +55,7 @@ public Q_SLOTS:
     void dbSelect();
     void doEditCard();
     void doRemoveCard();
+    void fieldsEditor();
     void selectionCleared();
     void selected(PIMRecord *record);
     void editDialogIsFree(bool *free);
