@@ -342,7 +342,8 @@ void MRLDB::connectCardActions()
     action(QStringLiteral("newdb"))->setEnabled(true);
 }
 
-// The commands that need an open card: its details, its deletion, a new record, clearing.
+// The commands that need an open card: its details, its deletion, a new record, clearing,
+// its fields.
 void MRLDB::setCardActionsEnabled(bool enabled)
 {
     for (const char *name : { "modify", "remove", "new", "clear", "fields" })

@@ -1,10 +1,8 @@
 #include "calc/formulaeditor.h"
 
-#include "app/mrldialog.h"
 #include "card/datamanager.h"
 #include "card/datarecord.h"
 #include "support/testhome.h"
-#include "support/whenshown.h"
 
 #include <QLabel>
 #include <QListWidget>
@@ -24,7 +22,6 @@ private Q_SLOTS:
     void insertFunction();
     void insertFieldAndAccept_data();
     void insertFieldAndAccept();
-    void escapeAsksOnlyAfterChanges();
     void preview_data();
     void preview();
 };
@@ -147,23 +144,6 @@ void TestFormulaEditor::insertFieldAndAccept()
     QTest::mouseClick(child<QPushButton>(editor, "btnOk"), Qt::LeftButton);
     QCOMPARE(editor.result(), int(QDialog::Accepted));
     QTEST(editor.formula(), "formula");
-}
-
-void TestFormulaEditor::escapeAsksOnlyAfterChanges()
-{
-    FormulaEditor editor("[F0]", sampleFields(), "total");
-    editor.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&editor));
-    QTest::keyClicks(child<QPlainTextEdit>(editor, "fm"), "*2");
-    whenShown<MRLDialog>(
-        [](MRLDialog *box) { box->findChild<QPushButton *>(QStringLiteral("button2"))->click(); });
-    QTest::keyClick(&editor, Qt::Key_Escape);
-    QVERIFY(editor.isVisible());
-    whenShown<MRLDialog>(
-        [](MRLDialog *box) { box->findChild<QPushButton *>(QStringLiteral("button1"))->click(); });
-    QTest::keyClick(&editor, Qt::Key_Escape);
-    QVERIFY(!editor.isVisible());
-    QCOMPARE(editor.result(), int(QDialog::Rejected));
 }
 
 void TestFormulaEditor::preview_data()

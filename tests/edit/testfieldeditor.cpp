@@ -180,41 +180,33 @@ void TestFieldEditor::checkSpecFields()
     QTEST(specEnabled(editor), "enabled");
 }
 
+// The items of the menu between "Up"/"Down" and "Remove", joined by "|".
 void TestFieldEditor::extendedMenu_data()
 {
     QTest::addColumn<int>("type");
     QTest::addColumn<int>("index");
     QTest::addColumn<QString>("defaultValue");
-    QTest::addColumn<QStringList>("items");
-    const QString ends = QStringLiteral("Remove");
-    QTest::newRow("String first") << 0 << 0 << ""
-                                  << QStringList { "Up off", "Down", "Default ...", ends };
-    QTest::newRow("Integer last") << 1 << 2 << ""
-                                  << QStringList { "Up", "Down off", "Formula ...", "Format ...",
-                                         "Default ...", ends };
-    QTest::newRow("Double") << 2 << 1 << ""
-                            << QStringList { "Up", "Down", "Formula ...", "Format ...",
-                                   "Default ...", ends };
-    QTest::newRow("Date") << 3 << 1 << "" << QStringList { "Up", "Down", "Format ...", ends };
-    QTest::newRow("Time") << 4 << 1 << "" << QStringList { "Up", "Down", "Format ...", ends };
-    QTest::newRow("DateTime") << 5 << 1 << "" << QStringList { "Up", "Down", "Format ...", ends };
-    QTest::newRow("Text") << 6 << 1 << "" << QStringList { "Up", "Down", "Default ...", ends };
-    QTest::newRow("Memo") << 7 << 1 << "" << QStringList { "Up", "Down", "Default ...", ends };
-    QTest::newRow("Reminder") << 8 << 1 << "" << QStringList { "Up", "Down", "Format ...", ends };
-    QTest::newRow("List") << 9 << 1 << ""
-                          << QStringList { "Up", "Down", "Edit List ...", "Default ...", ends };
-    QTest::newRow("Bool") << 10 << 1 << "" << QStringList { "Up", "Down", "Default ...", ends };
-    QTest::newRow("Count") << 11 << 1 << ""
-                           << QStringList { "Up", "Down", "Format ...", "Default ...", ends };
-    QTest::newRow("Image without default")
-        << 12 << 1 << "" << QStringList { "Up", "Down", "Default ...", ends };
-    QTest::newRow("Image with default")
-        << 12 << 1 << "pic.png" << QStringList { "Up", "Down", "Unset Image", "Default ...", ends };
-    QTest::newRow("MultiList") << 13 << 1 << ""
-                               << QStringList { "Up", "Down", "Edit List ...", "Default ...",
-                                      ends };
-    QTest::newRow("Increment") << 14 << 1 << ""
-                               << QStringList { "Up", "Down", "Format ...", "Default ...", ends };
+    QTest::addColumn<QString>("items");
+    const auto row
+        = [](const char *name, int type, int index, const char *value, const char *items) {
+              QTest::newRow(name) << type << index << QString(value) << QString(items);
+          };
+    row("String first", 0, 0, "", "Up off|Down|Default ...");
+    row("Integer last", 1, 2, "", "Up|Down off|Formula ...|Format ...|Default ...");
+    row("Double", 2, 1, "", "Up|Down|Formula ...|Format ...|Default ...");
+    row("Date", 3, 1, "", "Up|Down|Format ...");
+    row("Time", 4, 1, "", "Up|Down|Format ...");
+    row("DateTime", 5, 1, "", "Up|Down|Format ...");
+    row("Text", 6, 1, "", "Up|Down|Default ...");
+    row("Memo", 7, 1, "", "Up|Down|Default ...");
+    row("Reminder", 8, 1, "", "Up|Down|Format ...");
+    row("List", 9, 1, "", "Up|Down|Edit List ...|Default ...");
+    row("Bool", 10, 1, "", "Up|Down|Default ...");
+    row("Count", 11, 1, "", "Up|Down|Format ...|Default ...");
+    row("Image without default", 12, 1, "", "Up|Down|Default ...");
+    row("Image with default", 12, 1, "pic.png", "Up|Down|Unset Image|Default ...");
+    row("MultiList", 13, 1, "", "Up|Down|Edit List ...|Default ...");
+    row("Increment", 14, 1, "", "Up|Down|Format ...|Default ...");
 }
 
 void TestFieldEditor::extendedMenu()
@@ -240,7 +232,8 @@ void TestFieldEditor::extendedMenu()
                         + (action->isEnabled() ? QString() : QStringLiteral(" off"));
         }
     });
-    QTEST(shown, "items");
+    QFETCH(QString, items);
+    QCOMPARE(shown.join('|'), items + QStringLiteral("|Remove"));
     QVERIFY(inRow<QLineEdit>(editor, index, "name")->hasSelectedText());
 }
 
