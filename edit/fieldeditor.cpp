@@ -27,6 +27,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QStandardItemModel>
+#include <QTimer>
 #include <QVBoxLayout>
 
 FieldEditor::FieldEditor(DataManager *manager, QWidget *parent)
@@ -149,8 +150,9 @@ void FieldEditor::newFieldRecord()
     m_form->addRow(row);
     ++m_count;
     checkSpecFields();
-    m_form->widget()->adjustSize();
-    m_form->ensureWidgetVisible(row);
+    // The form grows once the layout has run; "New Field" stands just below the new row.
+    QTimer::singleShot(
+        0, m_form, [this] { m_form->ensureWidgetVisible(m_form->newFieldButton()); });
     row->findChild<QLineEdit *>(QStringLiteral("name"))->setFocus();
 }
 

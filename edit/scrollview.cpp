@@ -35,6 +35,14 @@ void ScrollView::addRow(QWidget *row)
     row->setParent(m_form);
     m_rows->addWidget(row);
     row->show();
+    // Tab goes through the rows and on to "New Field", which was made before them.
+    QWidget *last = nullptr;
+    for (QWidget *child : row->findChildren<QWidget *>()) {
+        if (child->focusPolicy() & Qt::TabFocus)
+            last = child;
+    }
+    if (last)
+        setTabOrder(last, m_newField);
 }
 
 void ScrollView::removeRow(QWidget *row)
