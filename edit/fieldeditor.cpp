@@ -372,6 +372,7 @@ void FieldEditor::editDefault(int index)
         break;
     case FieldDef::Image: {
         ImageSetup dialog(value, this);
+        dialog.setWindowTitle(title);
         if (dialog.exec() == QDialog::Accepted)
             value = dialog.path();
         break;
