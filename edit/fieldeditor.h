@@ -27,6 +27,14 @@ public:
     // The record (by UID text) on which the formula editor previews; none when empty.
     void setPreviewRecord(const QString &uid) { m_previewUid = uid; }
 
+public Q_SLOTS:
+    void titleChanged(const QString &text);
+    void typeChanged(int type);
+    void checkSpecFields();
+    void extendedMenu();
+    void newFieldRecord();
+
+private:
     // The menu of a row's button, as extendedMenu shows it.
     QMenu *createMenu(int index);
 
@@ -40,14 +48,6 @@ public:
     // Asks first.
     void removeField(int index);
 
-public Q_SLOTS:
-    void titleChanged(const QString &text);
-    void typeChanged(int type);
-    void checkSpecFields();
-    void extendedMenu();
-    void newFieldRecord();
-
-private:
     QWidget *makeRow(int index);
     // The index of the row that holds child, or -1.
     int indexOf(const QObject *child) const;
