@@ -8,10 +8,12 @@
 #include "app/resourceicons.h"
 #include "card/datamanager.h"
 #include "card/datarecord.h"
+#include "card/schemachange.h"
 #include "card/taskfinder.h"
 #include "edit/countenterpopup.h"
 #include "edit/customlistdialog.h"
 #include "edit/dataeditor.h"
+#include "edit/fieldeditor.h"
 #include "edit/popupchoosers.h"
 #include "exchange/imageview.h"
 #include "exchange/importdialog.h"
@@ -334,6 +336,7 @@ void MRLDB::connectCardActions()
         { "modify", &MRLDB::doEditCard },
         { "remove", &MRLDB::doRemoveCard },
         { "import", &MRLDB::doImport },
+        { "fields", &MRLDB::fieldsEditor },
     };
     for (const auto &command : commands)
         connect(action(QString::fromLatin1(command.name)), &QAction::triggered, this, command.slot);
@@ -351,10 +354,11 @@ void MRLDB::doImport()
         openCard(dialog.importedPath());
 }
 
-// The commands that need an open card: its details, its deletion, a new record, clearing.
+// The commands that need an open card: its details, its deletion, a new record, clearing,
+// its fields.
 void MRLDB::setCardActionsEnabled(bool enabled)
 {
-    for (const char *name : { "modify", "remove", "new", "clear" })
+    for (const char *name : { "modify", "remove", "new", "clear", "fields" })
         action(QString::fromLatin1(name))->setEnabled(enabled);
 }
 
@@ -839,6 +843,27 @@ void MRLDB::doEditCard()
     manager->save();
     DBFlows::editCard(cardList, entry, this);
     openCard(entry->path());
+}
+
+// The records follow the new fields, then the card opens again with its new columns.
+void MRLDB::fieldsEditor()
+{
+    if (!manager)
+        return;
+    const PIMRecord *current = recordList->currentTask();
+    const QString currentUid = current ? current->uidString() : QString();
+    manager->save();
+    recordList->unsetManager();
+    QList<FieldDef> fields;
+    {
+        FieldEditor editor(manager, this);
+        editor.setPreviewRecord(currentUid);
+        editor.exec();
+        fields = editor.fields();
+    }
+    if (!SchemaChange::apply(*manager, fields))
+        MRLDialog::critical(qApp->objectName(), manager->errorString());
+    openCard(manager->fullPath());
 }
 
 void MRLDB::doRemoveCard()

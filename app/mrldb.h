@@ -56,6 +56,7 @@ public Q_SLOTS:
     void doEditCard();
     void doRemoveCard();
     void doImport();
+    void fieldsEditor();
     void selectionCleared();
     void selected(PIMRecord *record);
     void editDialogIsFree(bool *free);

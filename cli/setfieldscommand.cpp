@@ -2,6 +2,7 @@
 
 #include "card/datamanager.h"
 #include "card/fielddef.h"
+#include "card/schemachange.h"
 #include "cli/argumentparser.h"
 #include "cli/cardopener.h"
 
@@ -88,8 +89,7 @@ int SetFieldsCommand::run(const ArgumentParser &arguments)
     QList<FieldDef> fields;
     if (!parseFields(document.array(), card->fieldCount(), &fields, &error))
         return fail(error);
-    card->setFields(fields);
-    if (!card->save())
+    if (!SchemaChange::apply(*card, fields))
         return fail(card->errorString());
     return Success;
 }

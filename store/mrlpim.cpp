@@ -103,8 +103,10 @@ QString MRLPIM::dataListFile(const QString &name)
 void MRLPIM::saveDataList(const QString &name, const QStringList &list)
 {
     QFile file(dataListFile(name));
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+        qDebug("%s: %s", qPrintable(file.fileName()), qPrintable(file.errorString()));
         return;
+    }
     file.write(list.join(QLatin1Char('\n')).toUtf8());
 }
 
