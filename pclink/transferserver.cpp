@@ -23,6 +23,11 @@ bool TransferServer::isListening() const
     return m_server->isListening();
 }
 
+PCLink *TransferServer::link() const
+{
+    return m_link;
+}
+
 quint16 TransferServer::port() const
 {
     return m_server->serverPort();

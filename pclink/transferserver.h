@@ -21,7 +21,7 @@ public:
 
     bool isListening() const;
     quint16 port() const;
-    PCLink *link() const { return m_link; }
+    PCLink *link() const;
     void setStallTimeout(int ms) { m_stallMs = ms; }
 
 Q_SIGNALS:
