@@ -2,6 +2,7 @@
 
 #include "app/dbflows.h"
 #include "app/resourceicons.h"
+#include "pclink/transfercommands.h"
 #include "store/dbmanager.h"
 #include "store/dbrecord.h"
 #include "views/dblistview.h"
@@ -56,12 +57,12 @@ void DBDialog::setupButtons()
     openMenu->addAction(
         loadIconSet(QStringLiteral("fileopen")), tr("Open Card") + more, this, &DBDialog::doOpen);
     openMenu->addSeparator();
-    // Importing and PC Link come with the import and transfer dialogs.
+    // Importing comes with the import dialogs.
     openMenu->addAction(loadIconSet(QStringLiteral("import")), tr("Import Card") + more)
         ->setEnabled(false);
     openMenu->addSeparator();
-    openMenu->addAction(loadIconSet(QStringLiteral("pclink")), tr("PC Link") + more)
-        ->setEnabled(false);
+    openMenu->addAction(
+        loadIconSet(QStringLiteral("pclink")), tr("PC Link") + more, this, &DBDialog::doPCLink);
     btnOpen->setMenu(openMenu);
 }
 
@@ -152,6 +153,22 @@ void DBDialog::doEdit()
     DBRecord *record = current();
     if (record && DBFlows::editCard(manager, record, this))
         makeCurrent(record);
+}
+
+// The chooser runs with no card open, so nothing needs closing around a transfer.
+void DBDialog::doGet()
+{
+    TransferCommands::get(manager, this);
+}
+
+void DBDialog::doSend()
+{
+    TransferCommands::send(manager, QString(), this);
+}
+
+void DBDialog::doPCLink()
+{
+    TransferCommands::serve(manager, this);
 }
 
 void DBDialog::doOpen()

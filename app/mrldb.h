@@ -55,6 +55,9 @@ public Q_SLOTS:
     void dbSelect();
     void doEditCard();
     void doRemoveCard();
+    void pcLink();
+    void sendData();
+    void getData();
     void selectionCleared();
     void selected(PIMRecord *record);
     void editDialogIsFree(bool *free);
@@ -101,6 +104,7 @@ private:
     void setCardActionsEnabled(bool enabled);
     void createRecordList();
     void closeCard();
+    QString saveForTransfer(bool close);
     QString firstAvailableCard() const;
     void setCardSetting(const QString &path);
     QString cardSetting() const;
