@@ -87,6 +87,8 @@ void TestLinkCommands::sendThenGet()
     QCOMPARE(send.status, 0);
     const QString arrived = documents(m_server.path()) + QStringLiteral("/trip.card");
     QTRY_VERIFY(QFile::exists(arrived));
+    // A card sent again is refreshed in the server's list, not listed twice.
+    QCOMPARE(runCli(m_client.path(), { "send", "127.0.0.1", sent, "--port", p }).status, 0);
 
     // Fetched over the local card of the same name only when asked to.
     const CliResult refused = runCli(m_client.path(), { "get", "127.0.0.1", arrived, "--port", p });
@@ -111,7 +113,7 @@ void TestLinkCommands::sendThenGet()
     QCOMPARE(m_serve.exitCode(), 0);
     QVERIFY(!QFile::exists(catalogue));
     // The card the server received joined its list.
-    QVERIFY(runCli(m_server.path(), { "list" }).out.contains(arrived.toUtf8()));
+    QCOMPARE(runCli(m_server.path(), { "list" }).out.count(arrived.toUtf8()), 1);
 }
 
 void TestLinkCommands::failures_data()
@@ -126,6 +128,8 @@ void TestLinkCommands::failures_data()
     QTest::newRow("file outside the served folders")
         << QStringList { "get", "127.0.0.1", "/etc/hostname" } << true
         << QByteArray("norvika-cli: Failed receive file: /etc/hostname.\n");
+    QTest::newRow("port in use") << QStringList { "serve" } << true
+                                 << QByteArray("norvika-cli: Failed to bind to port $P\n");
 }
 
 void TestLinkCommands::failures()
@@ -149,7 +153,8 @@ void TestLinkCommands::failures()
         argument.replace(QLatin1String("$C"), docs);
     arguments << "--port" << QString::number(port);
     const CliResult result = runCli(m_client.path(), arguments);
-    QCOMPARE(result.err, error.replace("$C", docs.toUtf8()));
+    QCOMPARE(
+        result.err, error.replace("$C", docs.toUtf8()).replace("$P", QByteArray::number(port)));
     QCOMPARE(result.status, 1);
 }
 
