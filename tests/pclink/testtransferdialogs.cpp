@@ -28,6 +28,9 @@ private Q_SLOTS:
     void get();
 
 private:
+    static constexpr int NoServer = 0;
+    static constexpr int Serving = 1;
+    static constexpr int ServingWithoutCatalogue = 2;
     quint16 startServer(const QString &home);
     static QString makeCard(const QString &folder, const QString &name, const QString &text);
     static void click(QWidget *widget) { QTest::mouseClick(widget, Qt::LeftButton); }
@@ -66,7 +69,7 @@ QString TestTransferDialogs::makeCard(
 
 void TestTransferDialogs::get_data()
 {
-    QTest::addColumn<bool>("serving");
+    QTest::addColumn<int>("server");
     QTest::addColumn<bool>("localCopy");
     QTest::addColumn<bool>("tick");
     QTest::addColumn<bool>("connectTwice");
@@ -76,28 +79,33 @@ void TestTransferDialogs::get_data()
 
     const QString ok = QStringLiteral("button1");
     const QString got = QStringLiteral("Get Data ... | Data get successful.");
-    QTest::newRow("nothing ticked") << true << false << false << false << QStringList { "", "", ok }
-                                    << QStringList { got } << "";
+    QTest::newRow("nothing ticked") << Serving << false << false << false
+                                    << QStringList { "", "", ok } << QStringList { got } << "";
     QTest::newRow("one card fetched")
-        << true << false << true << false << QStringList { "", "", ok } << QStringList { got }
+        << Serving << false << true << false << QStringList { "", "", ok } << QStringList { got }
         << "theirs";
     QTest::newRow("overwrite declined")
-        << true << true << true << false << QStringList { "", "button2", "", ok }
+        << Serving << true << true << false << QStringList { "", "button2", "", ok }
         << QStringList { "Receive Data ...", got } << "mine";
     QTest::newRow("overwrite accepted")
-        << true << true << true << false << QStringList { "", "button1", "", ok }
+        << Serving << true << true << false << QStringList { "", "button1", "", ok }
         << QStringList { "Receive Data ...", got } << "theirs";
     QTest::newRow("connect twice drops the ticks")
-        << true << false << true << true << QStringList { "", "", "", ok } << QStringList { got }
+        << Serving << false << true << true << QStringList { "", "", "", ok } << QStringList { got }
         << "";
-    QTest::newRow("no server") << false << false << false << false << QStringList { "", ok }
+    QTest::newRow("no server") << NoServer << false << false << false << QStringList { "", ok }
                                << QStringList { "Connection error ... | Run server part first." }
                                << "";
+    // Fetching the catalogue fails without a word of its own, and the list stays empty.
+    QTest::newRow("catalogue unreadable")
+        << ServingWithoutCatalogue << false << false << false << QStringList { "", "", ok }
+        << QStringList { got } << "";
 }
 
 void TestTransferDialogs::get()
 {
-    QFETCH(bool, serving);
+    QFETCH(int, server);
+    const bool serving = server != NoServer;
     QFETCH(bool, localCopy);
     QFETCH(bool, tick);
     QFETCH(bool, connectTwice);
@@ -126,6 +134,8 @@ void TestTransferDialogs::get()
         list.start(QStringLiteral(NORVIKA_CLI_PATH), { "list", "--add", remote });
         QVERIFY(list.waitForFinished());
         port = startServer(serverHome.path());
+        if (server == ServingWithoutCatalogue)
+            QFile::remove(serverHome.filePath(QStringLiteral("data/norvika/norvikaIDX_EXT")));
     } else {
         QTcpServer probe; // a port that was free a moment ago
         QVERIFY(probe.listen(QHostAddress::LocalHost, 0));
@@ -148,7 +158,7 @@ void TestTransferDialogs::get()
     click(connectButton);
     QCOMPARE(start->isEnabled(), serving);
     if (serving) {
-        QTRY_COMPARE(list->itemCount(), 1);
+        QTRY_COMPARE(list->itemCount(), server == Serving ? 1 : 0);
         if (tick) {
             QTRY_VERIFY(!list->visualItemRect(list->itemAtRow(0)).isEmpty());
             const QRect row = list->visualItemRect(list->itemAtRow(0));
