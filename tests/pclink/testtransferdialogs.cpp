@@ -26,6 +26,7 @@ private Q_SLOTS:
     void cleanup();
     void get_data();
     void get();
+    void sendTwiceListsOnce();
 
 private:
     static constexpr int NoServer = 0;
@@ -189,6 +190,43 @@ void TestTransferDialogs::get()
         QCOMPARE(card.property(QStringLiteral("device_path")), QFileInfo(remote).path());
         QVERIFY(cards.findByPath(local));
     }
+}
+
+// The current card comes ticked; a card sent again is refreshed on the server, not doubled.
+void TestTransferDialogs::sendTwiceListsOnce()
+{
+    QTemporaryDir serverHome;
+    QDir().mkpath(serverHome.filePath(QStringLiteral("documents")));
+    TestHome home;
+    DBManager cards(false);
+    const QString trip
+        = makeCard(home.documents(), QStringLiteral("trip.card"), QStringLiteral("mine"));
+    cards.addCard(trip);
+    const quint16 port = startServer(serverHome.path());
+    QVERIFY(port != 0);
+    for (int run = 0; run < 2; ++run) {
+        TransferData dialog(true, &cards, trip, nullptr, port);
+        dialog.show();
+        auto *addr = dialog.findChild<QLineEdit *>(QStringLiteral("addr"));
+        QVERIFY(!dialog.findChild<QPushButton *>(QStringLiteral("btnConnect"))->isVisible());
+        addr->clear();
+        QTest::keyClicks(addr, QStringLiteral("127.0.0.1"));
+        QVERIFY(cards.records().first()->hasProperty(QStringLiteral("transfer")));
+        ModalDriver driver(QStringList { QString(), QStringLiteral("button1") });
+        click(dialog.findChild<QPushButton *>(QStringLiteral("btnOk")));
+        QCOMPARE(driver.seen().last(), QStringLiteral("Sending Data ... | Data send successful."));
+        QCOMPARE(dialog.result(), int(QDialog::Accepted));
+        QVERIFY(!cards.records().first()->hasProperty(QStringLiteral("transfer")));
+    }
+    m_serve.terminate();
+    QVERIFY(m_serve.waitForFinished());
+    QProcess list;
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert(QStringLiteral("NORVIKA_HOME"), serverHome.path());
+    list.setProcessEnvironment(env);
+    list.start(QStringLiteral(NORVIKA_CLI_PATH), { "list" });
+    QVERIFY(list.waitForFinished());
+    QCOMPARE(list.readAllStandardOutput().count("trip.card"), 1);
 }
 
 QTEST_MAIN(TestTransferDialogs)
