@@ -3,6 +3,7 @@
 #include "app/dbflows.h"
 #include "app/resourceicons.h"
 #include "exchange/importdialog.h"
+#include "pclink/transfercommands.h"
 #include "store/dbmanager.h"
 #include "store/dbrecord.h"
 #include "views/dblistview.h"
@@ -59,10 +60,9 @@ void DBDialog::setupButtons()
     openMenu->addSeparator();
     openMenu->addAction(
         loadIconSet(QStringLiteral("import")), tr("Import Card") + more, this, &DBDialog::doImport);
-    // PC Link comes with the transfer dialogs.
     openMenu->addSeparator();
-    openMenu->addAction(loadIconSet(QStringLiteral("pclink")), tr("PC Link") + more)
-        ->setEnabled(false);
+    openMenu->addAction(
+        loadIconSet(QStringLiteral("pclink")), tr("PC Link") + more, this, &DBDialog::doPCLink);
     btnOpen->setMenu(openMenu);
 }
 
@@ -153,6 +153,22 @@ void DBDialog::doEdit()
     DBRecord *record = current();
     if (record && DBFlows::editCard(manager, record, this))
         makeCurrent(record);
+}
+
+// The chooser runs with no card open, so nothing needs closing around a transfer.
+void DBDialog::doGet()
+{
+    TransferCommands::get(manager, this);
+}
+
+void DBDialog::doSend()
+{
+    TransferCommands::send(manager, QString(), this);
+}
+
+void DBDialog::doPCLink()
+{
+    TransferCommands::serve(manager, this);
 }
 
 void DBDialog::doOpen()

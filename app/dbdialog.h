@@ -35,6 +35,9 @@ public Q_SLOTS:
     void doDuplicate() override;
     void selectionCleared() override;
     void selected(PIMRecord *record) override;
+    void doGet();
+    void doSend();
+    void doPCLink();
 
 private:
     void setupButtons();

@@ -21,6 +21,7 @@
 #include "lib/qt/mlcalculatordialog.h"
 #include "lib/qt/mlyesnodialog.h"
 #include "lib/qt/mrlaction.h"
+#include "pclink/transfercommands.h"
 #include "platform/config.h"
 #include "platform/qcopenvelope.h"
 #include "reminders/reminder.h"
@@ -157,7 +158,7 @@ QMenu *MRLDB::createMainMenu()
     auto *menu = new QMenu(this);
     menu->setObjectName(QStringLiteral("mainMenu"));
     const char *const items[] = { "modify", "fields", nullptr, "export", "clear", "remove", nullptr,
-        "zoomin", "zoomout", nullptr, "memo", "options", nullptr, "pclink", nullptr, "Brightloom" };
+        "zoomin", "zoomout", nullptr, "memo", "options", nullptr, "pclink", "sdata", "gdata", nullptr, "Brightloom" };
     for (const char *name : items) {
         if (name)
             menu->addAction(action(QString::fromLatin1(name)));
@@ -337,12 +338,16 @@ void MRLDB::connectCardActions()
         { "remove", &MRLDB::doRemoveCard },
         { "import", &MRLDB::doImport },
         { "fields", &MRLDB::fieldsEditor },
+        { "pclink", &MRLDB::pcLink },
+        { "sdata", &MRLDB::sendData },
+        { "gdata", &MRLDB::getData },
     };
     for (const auto &command : commands)
         connect(action(QString::fromLatin1(command.name)), &QAction::triggered, this, command.slot);
     action(QStringLiteral("db"))->setEnabled(true);
     action(QStringLiteral("newdb"))->setEnabled(true);
-    action(QStringLiteral("import"))->setEnabled(true);
+    for (const char *name : { "import", "pclink", "sdata", "gdata" })
+        action(QString::fromLatin1(name))->setEnabled(true);
 }
 
 // The last card the import made opens once the dialog closes.
@@ -802,6 +807,42 @@ void MRLDB::openCard(const QString &path)
     qDebug("%d", int(timer.elapsed()));
     showCard(card, entry->title());
     setCardSetting(entry->path());
+}
+
+// ---- PC Link ----------------------------------------------------------------------------
+
+// The card is saved before any transfer; serving and fetching may replace its file, so
+// they close it. Returns the card's path, empty with none open.
+QString MRLDB::saveForTransfer(bool close)
+{
+    if (!manager)
+        return QString();
+    const QString path = manager->fullPath();
+    manager->save();
+    if (close)
+        closeCard();
+    return path;
+}
+
+void MRLDB::pcLink()
+{
+    const QString path = saveForTransfer(true);
+    TransferCommands::serve(cardList, this);
+    if (!path.isEmpty())
+        openCard(path);
+}
+
+void MRLDB::sendData()
+{
+    TransferCommands::send(cardList, saveForTransfer(false), this);
+}
+
+void MRLDB::getData()
+{
+    const QString path = saveForTransfer(true);
+    TransferCommands::get(cardList, this);
+    if (!path.isEmpty())
+        openCard(path);
 }
 
 void MRLDB::dbSelect()

@@ -57,6 +57,9 @@ public Q_SLOTS:
     void doRemoveCard();
     void doImport();
     void fieldsEditor();
+    void pcLink();
+    void sendData();
+    void getData();
     void selectionCleared();
     void selected(PIMRecord *record);
     void editDialogIsFree(bool *free);
@@ -103,6 +106,7 @@ private:
     void setCardActionsEnabled(bool enabled);
     void createRecordList();
     void closeCard();
+    QString saveForTransfer(bool close);
     QString firstAvailableCard() const;
     void setCardSetting(const QString &path);
     QString cardSetting() const;

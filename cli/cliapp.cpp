@@ -8,7 +8,10 @@
 #include "cli/formulacommand.h"
 #include "cli/generatecommand.h"
 #include "cli/importcommand.h"
+#include "cli/getcommand.h"
 #include "cli/listcommand.h"
+#include "cli/sendcommand.h"
+#include "cli/servecommand.h"
 #include "cli/setfieldscommand.h"
 #include "platform/platformpaths.h"
 
@@ -27,6 +30,9 @@ CliApp::CliApp()
     m_commands.push_back(std::make_unique<GenerateCommand>());
     m_commands.push_back(std::make_unique<ListCommand>());
     m_commands.push_back(std::make_unique<ImportCommand>());
+    m_commands.push_back(std::make_unique<ServeCommand>());
+    m_commands.push_back(std::make_unique<SendCommand>());
+    m_commands.push_back(std::make_unique<GetCommand>());
 }
 
 CliApp::~CliApp() = default;

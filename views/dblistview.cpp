@@ -14,6 +14,8 @@ DBListView::DBListView(QWidget *parent, const QString &name)
 {
     addIcon(QStringLiteral("document"));
     addIcon(QStringLiteral("lock"));
+    addIcon(QStringLiteral("on"));
+    addIcon(QStringLiteral("off"));
     setColorMode(AlternateColors);
 }
 
@@ -46,6 +48,7 @@ void DBListView::addField(int field, Config *config)
         { "document", nullptr },
         { "lock", nullptr },
         { "fileopen", QT_TRANSLATE_NOOP("DBListView", "Directory Path") },
+        { "onoff", QT_TRANSLATE_NOOP("DBListView", "Title") },
     };
     if (field < 0 || field >= int(std::size(columns)))
         return;
@@ -85,6 +88,9 @@ DBListView::Cell DBListView::cell(const DBRecord *record, int field) const
         return { QString(), icon(record->password().isEmpty() ? 0 : LockIcon) };
     case PathField:
         return { record->folder(), QPixmap() };
+    case TransferField:
+        return { record->title(),
+            icon(record->hasProperty(QStringLiteral("transfer")) ? TickedIcon : UntickedIcon) };
     default:
         return {};
     }

@@ -18,9 +18,17 @@ class DBListView : public PIMListView
 
 public:
     // The card list's fields, which are also the manager's sort columns.
-    enum Field { IconField = 0, TitleField, DescriptionField, PasswordField, PathField };
+    // TransferField is the title with a tick, for lists that choose cards to transfer.
+    enum Field {
+        IconField = 0,
+        TitleField,
+        DescriptionField,
+        PasswordField,
+        PathField,
+        TransferField
+    };
     // The list's own cell icons.
-    enum { DocumentIcon = 1, LockIcon = 2 };
+    enum { DocumentIcon = 1, LockIcon = 2, TickedIcon = 3, UntickedIcon = 4 };
     static constexpr int defaultWidth = 113;
 
     explicit DBListView(QWidget *parent = nullptr, const QString &name = QStringLiteral("db"));

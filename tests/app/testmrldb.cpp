@@ -55,10 +55,11 @@ void TestMRLDB::actions_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<bool>("enabled");
-    for (const char *name : { "db", "newdb", "import", "memo", "Brightloom", "exit" })
+    for (const char *name :
+        { "db", "newdb", "import", "memo", "pclink", "sdata", "gdata", "Brightloom", "exit" })
         QTest::newRow(name) << QString::fromLatin1(name) << true;
-    for (const char *name : { "new", "edit", "clone", "delete", "export", "clear",
-             "modify", "remove", "fields", "report", "pclink", "sdata", "gdata", "options" })
+    for (const char *name : { "new", "edit", "clone", "delete", "export", "clear", "modify",
+             "remove", "fields", "report", "options" })
         QTest::newRow(name) << QString::fromLatin1(name) << false;
 }
 

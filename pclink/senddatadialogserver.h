@@ -1,0 +1,44 @@
+#ifndef SENDDATADIALOGSERVER_H
+#define SENDDATADIALOGSERVER_H
+
+#include "pclink/pclinkserver.h"
+
+#include <QDialog>
+
+class DBManager;
+class PCLink;
+class QLabel;
+class QProgressBar;
+class TransferServer;
+
+// The server's window: listens while it is open and shows what the newest client does.
+// Cards it receives join the card list. Only Close ends it.
+class SendDataDialogServer : public QDialog
+{
+    Q_OBJECT
+
+public:
+    SendDataDialogServer(
+        DBManager *manager, QWidget *parent = nullptr, quint16 port = PCLinkServer::defaultPort);
+
+    TransferServer *server() const { return m_server; }
+
+private Q_SLOTS:
+    void connected(PCLink *link);
+    void disconnect();
+    void progress(int done, int total);
+    void sendingFile(const QString &name);
+    void sendingFileFinished();
+    void receiveFile(const QString &name);
+    void receiveFileFinished(const QString &name);
+
+private:
+    void showState(const QString &status, const QString &file);
+
+    TransferServer *m_server;
+    QLabel *m_status;
+    QLabel *m_file;
+    QProgressBar *m_progress;
+};
+
+#endif
