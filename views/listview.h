@@ -33,6 +33,11 @@ protected:
     RecordItem *createItem(PIMRecord *record, RecordItem *after) override;
 
 private:
+    // Columns whose field has no width of the user's fit the rows on the page, within a
+    // maximum and never narrower than their header. Nothing is stored: the card keeps only
+    // widths the user set.
+    void fitUnsetColumns();
+
     QList<FieldDef> m_fields;
 };
 
