@@ -85,7 +85,8 @@ void DBDialog::setupList(const QString &currentPath)
         record = firstAvailable();
     if (record)
         makeCurrent(record);
-    list->setFocus();
+    else
+        list->setFocus();
 }
 
 // Return on a row reaches the list's activate(); a double click and Delete are added here.
@@ -114,9 +115,11 @@ DBRecord *DBDialog::current() const
     return static_cast<DBRecord *>(list->currentTask());
 }
 
+// The list takes the focus as well, so that Return opens what was just made current.
 void DBDialog::makeCurrent(DBRecord *record)
 {
     list->showRecord(record);
+    list->setFocus();
     if (current() == record)
         selected(record);
 }

@@ -33,6 +33,18 @@ void ListView::bind(DataManager *manager, const QList<FieldDef> &fields, const Q
     fitUnsetColumns();
 }
 
+void ListView::newTask(PIMRecord *record)
+{
+    PIMListView::newTask(record);
+    fitUnsetColumns();
+}
+
+void ListView::updateTask(PIMRecord *record)
+{
+    PIMListView::updateTask(record);
+    fitUnsetColumns();
+}
+
 void ListView::fitUnsetColumns()
 {
     const QSignalBlocker blocker(header());

@@ -26,6 +26,11 @@ public:
     const QList<FieldDef> &fields() const { return m_fields; }
     DataManager *dataManager() const;
 
+public Q_SLOTS:
+    // A row added or changed may need more room in a column the user has not sized.
+    void newTask(PIMRecord *record) override;
+    void updateTask(PIMRecord *record) override;
+
 protected:
     void addField(int field, Config *config) override;
     void columnResized(int section, int newWidth) override;
