@@ -1,5 +1,6 @@
 #include "app/datetimedialog.h"
 
+#include "lib/qt/mldialogbuttons.h"
 #include "platform/datetimesettings.h"
 
 #include <QComboBox>
@@ -58,11 +59,7 @@ DateTimeDialog::DateTimeDialog(QWidget *parent)
     m_separator = addChoice("separator", tr("Separator"));
     fillSeparators(settings->dateSeparator());
 
-    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-    buttons->button(QDialogButtonBox::Ok)->setObjectName(QStringLiteral("btnOk"));
-    buttons->button(QDialogButtonBox::Cancel)->setObjectName(QStringLiteral("btnCancel"));
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    QDialogButtonBox *buttons = MLDialogButtons::okCancel(this);
     static_cast<QFormLayout *>(layout())->addRow(buttons);
 }
 
@@ -102,7 +99,7 @@ void DateTimeDialog::accept()
     // while the order is left as it was.
     const int order = m_order->currentData().toInt();
     const int longOrder = order == m_shortOrder ? m_longOrder : order;
-    DateTimeSettings::instance()->store(m_clock->currentIndex() == 1,
-        m_week->currentIndex() == 1, m_separator->currentText().at(0), order, longOrder);
+    DateTimeSettings::instance()->store(m_clock->currentIndex() == 1, m_week->currentIndex() == 1,
+        m_separator->currentText().at(0), order, longOrder);
     QDialog::accept();
 }

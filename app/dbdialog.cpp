@@ -11,6 +11,7 @@
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QShortcut>
 #include <QSignalBlocker>
 
 DBDialog::DBDialog(DBManager *manager, const QString &currentPath, QWidget *parent)
@@ -28,6 +29,7 @@ DBDialog::DBDialog(DBManager *manager, const QString &currentPath, QWidget *pare
 
     setupButtons();
     setupList(currentPath);
+    setupKeys();
     setWindowState(windowState() | Qt::WindowMaximized);
 }
 
@@ -77,10 +79,36 @@ void DBDialog::setupList(const QString &currentPath)
         if (btnSelect->isEnabled())
             doSelect();
     });
-    list->init();
     selectionCleared();
-    if (DBRecord *record = manager->findByPath(currentPath))
+    list->init();
+    DBRecord *record = manager->findByPath(currentPath);
+    if (!record)
+        record = firstAvailable();
+    if (record)
         makeCurrent(record);
+    else
+        list->setFocus();
+}
+
+// Return on a row reaches the list's activate(); a double click and Delete are added here.
+void DBDialog::setupKeys()
+{
+    connect(list, &QTreeWidget::itemDoubleClicked, this, [this] {
+        if (btnSelect->isEnabled())
+            doSelect();
+    });
+    auto *remove = new QShortcut(QKeySequence::Delete, list, nullptr, nullptr, Qt::WidgetShortcut);
+    connect(remove, &QShortcut::activated, this, &DBDialog::doRemove);
+}
+
+DBRecord *DBDialog::firstAvailable() const
+{
+    for (PIMRecord *entry : manager->view()) {
+        auto *record = static_cast<DBRecord *>(entry);
+        if (manager->isAvailable(record))
+            return record;
+    }
+    return nullptr;
 }
 
 DBRecord *DBDialog::current() const
@@ -88,9 +116,11 @@ DBRecord *DBDialog::current() const
     return static_cast<DBRecord *>(list->currentTask());
 }
 
+// The list takes the focus as well, so that Return opens what was just made current.
 void DBDialog::makeCurrent(DBRecord *record)
 {
     list->showRecord(record);
+    list->setFocus();
     if (current() == record)
         selected(record);
 }

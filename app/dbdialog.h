@@ -15,7 +15,8 @@ class DBDialog : public DBDialogBase
     Q_OBJECT
 
 public:
-    // The entry of currentPath, if listed, starts as the current one.
+    // The entry of currentPath, if listed, starts as the current one; otherwise the first
+    // available entry does.
     DBDialog(DBManager *manager, const QString &currentPath, QWidget *parent = nullptr);
 
     // The path of the chosen card, or the null string when none is chosen or its file isn't
@@ -42,7 +43,9 @@ public Q_SLOTS:
 private:
     void setupButtons();
     void setupList(const QString &currentPath);
+    void setupKeys();
     DBRecord *current() const;
+    DBRecord *firstAvailable() const;
     void makeCurrent(DBRecord *record);
 
     DBManager *manager;

@@ -1,7 +1,10 @@
 #include "app/dbeditorbase.h"
 
+#include "lib/qt/mldialogbuttons.h"
+
 #include "edit/directoryselector.h"
 
+#include <QDialogButtonBox>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -19,8 +22,6 @@ DBEditorBase::DBEditorBase(QWidget *parent)
     , icon(new QToolButton(this))
     , lock(new QToolButton(this))
     , memo(new QPlainTextEdit)
-    , btnOk(new QPushButton(tr("Ok"), this))
-    , btnCancel(new QPushButton(tr("Cancel"), this))
     , nameLabel(new QLabel(tr("Name:"), this))
     , locationLabel(new QLabel(tr("Location:"), this))
     , descriptionBox(new QGroupBox(tr("Description"), this))
@@ -32,12 +33,9 @@ DBEditorBase::DBEditorBase(QWidget *parent)
     icon->setObjectName(QStringLiteral("icon"));
     lock->setObjectName(QStringLiteral("lock"));
     memo->setObjectName(QStringLiteral("memo"));
-    btnOk->setObjectName(QStringLiteral("btnOk"));
-    btnCancel->setObjectName(QStringLiteral("btnCancel"));
     icon->setIconSize(QSize(32, 32));
     icon->setAutoRaise(true);
     lock->setAutoRaise(true);
-    btnOk->setDefault(true);
 
     auto *grid = new QGridLayout(this);
     grid->addWidget(icon, 0, 0, 2, 1);
@@ -49,16 +47,13 @@ DBEditorBase::DBEditorBase(QWidget *parent)
     auto *description = new QVBoxLayout(descriptionBox);
     description->addWidget(memo);
     grid->addWidget(descriptionBox, 2, 0, 1, 4);
-    auto *buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(btnCancel);
-    buttons->addWidget(btnOk);
-    grid->addLayout(buttons, 3, 0, 1, 4);
+    QDialogButtonBox *buttons = MLDialogButtons::okCancel(this);
+    btnOk = buttons->button(QDialogButtonBox::Ok);
+    btnCancel = buttons->button(QDialogButtonBox::Cancel);
+    grid->addWidget(buttons, 3, 0, 1, 4);
     grid->setColumnStretch(2, 1);
     grid->setRowStretch(2, 1);
 
     connect(icon, &QToolButton::clicked, this, &DBEditorBase::selectIcon);
     connect(lock, &QToolButton::clicked, this, &DBEditorBase::selectPwd);
-    connect(btnOk, &QPushButton::clicked, this, &QDialog::accept);
-    connect(btnCancel, &QPushButton::clicked, this, &QDialog::reject);
 }

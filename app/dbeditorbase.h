@@ -29,8 +29,8 @@ protected:
     QToolButton *icon;
     QToolButton *lock;
     QPlainTextEdit *memo;
-    QPushButton *btnOk;
-    QPushButton *btnCancel;
+    QPushButton *btnOk = nullptr;
+    QPushButton *btnCancel = nullptr;
     QLabel *nameLabel;
     QLabel *locationLabel;
     QGroupBox *descriptionBox;

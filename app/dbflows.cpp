@@ -4,6 +4,7 @@
 #include "app/mrldialog.h"
 #include "app/passworddialog.h"
 #include "platform/config.h"
+#include "platform/platformpaths.h"
 #include "store/dbmanager.h"
 #include "store/dbrecord.h"
 #include "store/mrlpim.h"
@@ -32,6 +33,10 @@ DBRecord *DBFlows::newCard(DBManager *manager, QWidget *parent)
         return nullptr;
     }
     editor.apply(record);
+    // The documents folder is the program's own default: on a first start it may not exist.
+    const QString folder = QFileInfo(record->path()).absolutePath();
+    if (folder == QDir(PlatformPaths::documentsDir()).absolutePath())
+        QDir().mkpath(folder);
     if (!manager->createCard(record)) {
         MRLDialog::critical(
             caption(), tr("Cannot create Card.\nDestination location not available."));

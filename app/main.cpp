@@ -8,6 +8,7 @@ int main(int argc, char **argv)
     if (app.forwardToRunningInstance())
         return 0;
     MRLDB window;
-    app.showMainDocumentWidget(&window, false);
+    // The window keeps its own size and maximised state between runs.
+    app.showMainDocumentWidget(&window, true);
     return app.exec();
 }

@@ -35,7 +35,10 @@
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QMenu>
+#include <QMenuBar>
 #include <QPlainTextEdit>
+#include <QScreen>
+#include <QStatusBar>
 #include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
@@ -88,9 +91,9 @@ MRLDB::MRLDB(QWidget *parent)
     createToolBar();
     createPanes();
     connectRecordCommands();
+    createMenuBar();
     selectionCleared();
-    // The size of a window that is not maximized: room for a list of several columns.
-    resize(640, 480);
+    restoreWindowGeometry();
 }
 
 MRLDB::~MRLDB()
@@ -307,6 +310,7 @@ void MRLDB::writeOptions()
     config.setGroup(QStringLiteral("Options"));
     config.writeEntry(QStringLiteral("memo"), !memoEdit->isHidden());
     config.writeEntry(QStringLiteral("zoom"), listPlace->font().pointSize());
+    writeWindowGeometry(config);
 }
 
 // ---- The card road ------------------------------------------------------------------------
@@ -933,8 +937,9 @@ void MRLDB::getTask(DataRecord **result, const QString &uid)
 bool MRLDB::modalDialogRunning()
 {
     const QWidgetList windows = QApplication::topLevelWidgets();
-    return std::any_of(windows.cbegin(), windows.cend(),
-        [](const QWidget *window) { return window->isVisible() && qobject_cast<const QDialog *>(window); });
+    return std::any_of(windows.cbegin(), windows.cend(), [](const QWidget *window) {
+        return window->isVisible() && qobject_cast<const QDialog *>(window);
+    });
 }
 
 void MRLDB::setDocument(const QString &file)
@@ -969,4 +974,98 @@ void MRLDB::handTextToEditor(const QString &file)
     }
     QDesktopServices::openUrl(QUrl::fromLocalFile(file));
     QTimer::singleShot(1000, qApp, &QCoreApplication::quit);
+}
+
+// ---- The desktop frame ------------------------------------------------------------------
+
+void MRLDB::createMenuBar()
+{
+    setDesktopShortcuts();
+    addMenu(tr("&Card"),
+        { "db", "newdb", "modify", "fields", nullptr, "import", "export", nullptr, "clear",
+            "remove", nullptr, "pclink", "sdata", "gdata", nullptr, "exit" });
+    addMenu(tr("&Record"), { "new", "edit", "clone", "delete" });
+    addMenu(tr("&View"), { "zoomin", "zoomout", nullptr, "memo", "report", nullptr, "options" });
+    addMenu(tr("&Help"), { "Brightloom" });
+
+    // The tool bar's filter, view and sort menus, offered as they are offered there.
+    QMenu *view = menuBar()->findChild<QMenu *>(QStringLiteral("menuView"));
+    view->addSeparator();
+    const QList<QPair<QToolButton *, QString>> choosers = { { filterButton, tr("Filter") },
+        { viewButton, tr("Views") }, { sortButton, tr("Sort") } };
+    for (const auto &[button, title] : choosers) {
+        QAction *item = view->addMenu(button->menu());
+        item->setText(title);
+        item->setIcon(button->icon());
+    }
+    connect(view, &QMenu::aboutToShow, this, [choosers] {
+        for (const auto &[button, title] : choosers)
+            button->menu()->menuAction()->setEnabled(button->isEnabled());
+    });
+    statusBar()->setSizeGripEnabled(true);
+}
+
+// A menu of the named actions, a separator for each null name; each action's text is its
+// status tip and its tool bar button's tip.
+void MRLDB::addMenu(const QString &title, const QList<const char *> &names)
+{
+    QMenu *menu = menuBar()->addMenu(title);
+    menu->setObjectName(QStringLiteral("menu") + QString(title).remove(u'&'));
+    for (const char *name : names) {
+        if (!name) {
+            menu->addSeparator();
+            continue;
+        }
+        QAction *item = action(QString::fromLatin1(name));
+        const QString tip = item->text().remove(QStringLiteral(" ..."));
+        item->setStatusTip(tip);
+        item->setToolTip(tip);
+        menu->addAction(item);
+    }
+}
+
+// The handheld left two commands without a text; a menu needs one.
+void MRLDB::setDesktopShortcuts()
+{
+    action(QStringLiteral("memo"))->setText(tr("Memo"));
+    action(QStringLiteral("report"))->setText(tr("Report"));
+    action(QStringLiteral("new"))->setShortcut(QKeySequence::New);
+    action(QStringLiteral("db"))->setShortcut(QKeySequence::Open);
+    action(QStringLiteral("delete"))->setShortcut(QKeySequence::Delete);
+    action(QStringLiteral("Brightloom"))->setShortcut(QKeySequence::HelpContents);
+    // Finding starts from the filter menu.
+    filterButton->setShortcut(QKeySequence::Find);
+}
+
+// A first start takes four fifths of the screen, centred; later starts come back where
+// the window was left.
+void MRLDB::restoreWindowGeometry()
+{
+    Config config(qApp->objectName());
+    config.setGroup(QStringLiteral("Options"));
+    const QRect kept(config.readNumEntry(QStringLiteral("x"), 0),
+        config.readNumEntry(QStringLiteral("y"), 0),
+        config.readNumEntry(QStringLiteral("width"), 0),
+        config.readNumEntry(QStringLiteral("height"), 0));
+    const QScreen *screen = QGuiApplication::primaryScreen();
+    const QRect area = screen ? screen->availableGeometry() : QRect(0, 0, 1024, 768);
+    if (kept.width() > 0 && kept.height() > 0 && area.intersects(kept)) {
+        setGeometry(kept);
+    } else {
+        const QSize size = area.size() * 4 / 5;
+        resize(size);
+        move(area.center() - QPoint(size.width() / 2, size.height() / 2));
+    }
+    if (config.readBoolEntry(QStringLiteral("maximized"), false))
+        setWindowState(windowState() | Qt::WindowMaximized);
+}
+
+void MRLDB::writeWindowGeometry(Config &config) const
+{
+    const QRect kept = normalGeometry();
+    config.writeEntry(QStringLiteral("x"), kept.x());
+    config.writeEntry(QStringLiteral("y"), kept.y());
+    config.writeEntry(QStringLiteral("width"), kept.width());
+    config.writeEntry(QStringLiteral("height"), kept.height());
+    config.writeEntry(QStringLiteral("maximized"), isMaximized());
 }

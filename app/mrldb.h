@@ -3,6 +3,7 @@
 
 #include "app/mrlmainwindow.h"
 
+class Config;
 class DBManager;
 class DataManager;
 class DataRecord;
@@ -130,6 +131,14 @@ private:
     bool editReminder(const QPoint &point, DataRecord *record);
     bool showImage(DataRecord *record);
     bool isEditableInPlace(const DataRecord *record, int field) const;
+
+    // The desktop frame around the handheld's window: a menu bar over the same commands,
+    // status tips, and the window's place kept between runs.
+    void createMenuBar();
+    void addMenu(const QString &title, const QList<const char *> &names);
+    void setDesktopShortcuts();
+    void restoreWindowGeometry();
+    void writeWindowGeometry(Config &config) const;
 
     QWidget *listPlace = nullptr;
     ListView *recordList = nullptr;

@@ -1,5 +1,8 @@
 #include "app/passworddialogbase.h"
 
+#include "lib/qt/mldialogbuttons.h"
+
+#include <QDialogButtonBox>
 #include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -12,8 +15,6 @@ PasswordDialogBase::PasswordDialogBase(QWidget *parent)
     , p1(new QLineEdit(this))
     , p2(new QLineEdit(this))
     , btnMask(new QPushButton(tr("Mask"), this))
-    , btnCancel(new QPushButton(tr("Cancel"), this))
-    , btnOk(new QPushButton(tr("Ok"), this))
     , Line9(new QFrame(this))
     , icon(new QLabel(this))
     , grid(new QGridLayout(this))
@@ -23,17 +24,20 @@ PasswordDialogBase::PasswordDialogBase(QWidget *parent)
     p1->setObjectName(QStringLiteral("p1"));
     p2->setObjectName(QStringLiteral("p2"));
     btnMask->setObjectName(QStringLiteral("btnMask"));
-    btnCancel->setObjectName(QStringLiteral("btnCancel"));
-    btnOk->setObjectName(QStringLiteral("btnOk"));
     Line9->setObjectName(QStringLiteral("Line9"));
     icon->setObjectName(QStringLiteral("icon"));
     Line9->setFrameShape(QFrame::HLine);
     Line9->setFrameShadow(QFrame::Sunken);
     icon->setAlignment(Qt::AlignCenter);
     btnMask->setCheckable(true);
+    QDialogButtonBox *box = MLDialogButtons::okCancel(this);
+    btnOk = box->button(QDialogButtonBox::Ok);
+    btnCancel = box->button(QDialogButtonBox::Cancel);
     // Return in a field accepts through the field, not through a default button.
-    for (QPushButton *button : { btnMask, btnCancel, btnOk })
+    for (QPushButton *button : { btnMask, btnCancel, btnOk }) {
+        button->setDefault(false);
         button->setAutoDefault(false);
+    }
 
     grid->addWidget(icon, firstFieldRow, 0, 2, 1);
     grid->addWidget(p1, firstFieldRow, 1);
@@ -42,14 +46,11 @@ PasswordDialogBase::PasswordDialogBase(QWidget *parent)
     auto *buttons = new QHBoxLayout;
     buttons->addWidget(btnMask);
     buttons->addStretch();
-    buttons->addWidget(btnCancel);
-    buttons->addWidget(btnOk);
+    buttons->addWidget(box);
     grid->addLayout(buttons, firstFieldRow + 3, 0, 1, 2);
     grid->setColumnStretch(1, 1);
 
     connect(btnMask, &QPushButton::toggled, this, &PasswordDialogBase::maskChanged);
-    connect(btnCancel, &QPushButton::clicked, this, &QDialog::reject);
-    connect(btnOk, &QPushButton::clicked, this, &QDialog::accept);
     connect(p1, &QLineEdit::returnPressed, this, &QDialog::accept);
     connect(p2, &QLineEdit::returnPressed, this, &QDialog::accept);
 }

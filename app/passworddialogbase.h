@@ -25,8 +25,8 @@ protected:
     QLineEdit *p1;
     QLineEdit *p2;
     QPushButton *btnMask;
-    QPushButton *btnCancel;
-    QPushButton *btnOk;
+    QPushButton *btnCancel = nullptr;
+    QPushButton *btnOk = nullptr;
     QFrame *Line9;
     QLabel *icon;
     // Rows above the fields are free for what a subclass adds.

@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QFontMetrics>
+#include <QGuiApplication>
 
 namespace
 {
@@ -12,6 +13,21 @@ QString &keptBase()
 {
     static QString base;
     return base;
+}
+
+// The twice-as-large twin that the icon build writes beside a picture, for a screen of
+// device pixel ratio 2; empty when there is none.
+QString sharpTwin(const QString &file)
+{
+    const QString twin = file.left(file.size() - 4) + QStringLiteral("@2x.png");
+    return QFileInfo(twin).isFile() ? twin : QString();
+}
+
+qreal screenRatio()
+{
+    return qobject_cast<QGuiApplication *>(QCoreApplication::instance())
+        ? qGuiApp->devicePixelRatio()
+        : 1.0;
 }
 } // namespace
 
@@ -83,7 +99,14 @@ QImage loadImage(const QString &name)
 QPixmap loadPixmap(const QString &name)
 {
     const QString file = ResourceIcons::find(name);
-    return file.isEmpty() ? QPixmap() : QPixmap(file);
+    if (file.isEmpty())
+        return QPixmap();
+    const QString twin = screenRatio() > 1 ? sharpTwin(file) : QString();
+    if (twin.isEmpty())
+        return QPixmap(file);
+    QPixmap sharp(twin);
+    sharp.setDevicePixelRatio(2);
+    return sharp;
 }
 
 QBitmap loadBitmap(const QString &name)
@@ -92,10 +115,11 @@ QBitmap loadBitmap(const QString &name)
     return file.isEmpty() ? QBitmap() : QBitmap(file);
 }
 
+// The toolkit adds the "@2x" twin of the file itself and draws whichever suits the screen.
 QIcon loadIconSet(const QString &name)
 {
-    const QImage image = loadImage(name);
-    return image.isNull() ? QIcon() : QIcon(QPixmap::fromImage(image));
+    const QString file = ResourceIcons::find(name);
+    return file.isEmpty() ? QIcon() : QIcon(file);
 }
 
 QPixmap loadSizedPixmap(const QString &name, const QFont &font)

@@ -6,12 +6,15 @@
 #include "edit/customlistdialog.h"
 #include "edit/datascrollview.h"
 #include "lib/qt/mlcalculatordialog.h"
+#include "lib/qt/mldialogbuttons.h"
 #include "lib/qt/mlspinbox.h"
 #include "lib/qt/mltabwidget.h"
 #include "lib/qt/mlyesnodialog.h"
 #include "reminders/remindereditor.h"
 
 #include <QAction>
+#include <QDataStream>
+#include <QDialogButtonBox>
 #include <QFileInfo>
 #include <QFrame>
 #include <QHBoxLayout>
@@ -63,6 +66,7 @@ void DataEditor::build(int page)
         layout->addWidget(m_form, 1);
     }
     layout->addWidget(buildNavigator());
+    layout->addWidget(MLDialogButtons::okCancel(this));
     showPage(page);
     if (QWidget *edit = m_form->firstEdit())
         edit->setFocus();
@@ -149,6 +153,7 @@ QAction *DataEditor::addNavigatorAction(QWidget *bar, const QString &name, const
     auto *action = new QAction(loadIconSet(icon), text, this);
     action->setObjectName(name);
     connect(action, &QAction::triggered, this, slot);
+    action->setToolTip(text);
     auto *button = new QToolButton(bar);
     button->setDefaultAction(action);
     button->setAutoRaise(true);
@@ -171,6 +176,7 @@ void DataEditor::load()
         m_memo->setPlainText(m_record->memo());
     if (m_reminder)
         m_reminder->setReminder(m_record->reminder());
+    m_loadedState = shownState();
 }
 
 QString DataEditor::captionText() const
@@ -306,8 +312,35 @@ void DataEditor::accept()
     QDialog::accept();
 }
 
+QByteArray DataEditor::shownState() const
+{
+    DataRecord shown(*m_record);
+    m_form->store(&shown);
+    if (m_memo)
+        shown.setMemo(m_memo->toPlainText());
+    if (m_reminder)
+        shown.setReminder(m_reminder->reminder());
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    shown.write(stream);
+    return bytes;
+}
+
+// A new record is lost by a rejection even when untouched, but then nothing typed goes
+// with it; a stored record keeps what navigation saved and loses only what is on screen.
+bool DataEditor::mayDiscard() const
+{
+    if (!m_record || shownState() == m_loadedState)
+        return true;
+    const QString question
+        = m_backup ? tr("Discard the changes to this record?") : tr("Discard this new record?");
+    return MLYesNoDialog::ask(windowTitle(), question);
+}
+
 void DataEditor::reject()
 {
+    if (!mayDiscard())
+        return;
     if (m_record && !m_manager->contains(m_record)) {
         delete m_record;
         m_record = nullptr;

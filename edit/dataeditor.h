@@ -1,6 +1,7 @@
 #ifndef DATAEDITOR_H
 #define DATAEDITOR_H
 
+#include <QByteArray>
 #include <QDialog>
 
 class DataManager;
@@ -60,6 +61,10 @@ private:
     QAction *addNavigatorAction(QWidget *bar, const QString &name, const QString &icon,
         const QString &text, void (DataEditor::*slot)());
     void showPage(int page);
+    // The record as the widgets show it, in its stored form: what a change is measured by.
+    QByteArray shownState() const;
+    // Whether the user agrees to lose what a rejection would throw away.
+    bool mayDiscard() const;
 
     void load();
     void store();
@@ -80,6 +85,7 @@ private:
     ReminderEditor *m_reminder = nullptr;
     DataScrollView *m_form = nullptr;
     MLSpinBox *m_position = nullptr;
+    QByteArray m_loadedState;
 };
 
 #endif

@@ -88,6 +88,9 @@ void DataScrollView::addRow(
     QWidget *value = createValueWidget(row, field, items, receiver);
     value->setObjectName(valueName);
     layout->insertWidget(1, value, 1);
+    // A row's button was made before its value: Tab reaches them as they stand on screen.
+    for (QToolButton *button : row->findChildren<QToolButton *>(Qt::FindDirectChildrenOnly))
+        QWidget::setTabOrder(value, button);
     ++m_visibleRows;
 }
 

@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QScreen>
 #include <QVBoxLayout>
 
@@ -62,7 +63,7 @@ template <class Editor> Editor *addEditor(PopupDialog &popup)
 template <class T, class Shown, class Now>
 bool setOrCurrent(PopupDialog &popup, const QPoint &pos, T &value, Shown shown, Now now)
 {
-    popup.addButton(tr("Set"), QStringLiteral("button_ok"));
+    popup.addButton(tr("Set"), QStringLiteral("button_ok"))->setDefault(true);
     popup.addButton(tr("Current"), QStringLiteral("clock"));
     switch (popup.execAt(pos)) {
     case 1:
@@ -126,7 +127,7 @@ bool editReminderDateTime(QWidget *parent, const QPoint &pos, QDateTime &dateTim
     auto *edit = addEditor<MLDateTimeEdit>(popup);
     edit->setDateTime(dateTime.isValid() ? dateTime : currentDateTime());
     popup.addButton(tr("Remove Reminder"), QStringLiteral("button_cancel"));
-    popup.addButton(tr("Set"), QStringLiteral("button_ok"));
+    popup.addButton(tr("Set"), QStringLiteral("button_ok"))->setDefault(true);
     switch (popup.execAt(pos)) {
     case 1:
         removed = true;
@@ -143,7 +144,7 @@ bool editDate(QWidget *parent, const QPoint &pos, QDate &date)
     PopupDialog popup(parent);
     auto *edit = addEditor<MLDateEdit>(popup);
     edit->setDate(date.isValid() ? date : QDate::currentDate());
-    popup.addButton(tr("Set"), QStringLiteral("button_ok"));
+    popup.addButton(tr("Set"), QStringLiteral("button_ok"))->setDefault(true);
     popup.addButton(tr("Today"), QStringLiteral("clock"));
     popup.addButton(tr("None"), QStringLiteral("button_cancel"));
     switch (popup.execAt(pos)) {
@@ -163,7 +164,8 @@ bool editTime(QWidget *parent, const QPoint &pos, QTime &time)
     PopupDialog popup(parent);
     auto *edit = addEditor<MLTimeEdit>(popup);
     edit->setTime(time.isValid() ? time : currentTime());
-    return setOrCurrent(popup, pos, time, [edit] { return edit->time(); }, currentTime);
+    return setOrCurrent(
+        popup, pos, time, [edit] { return edit->time(); }, currentTime);
 }
 
 bool editDateTime(QWidget *parent, const QPoint &pos, QDateTime &dateTime)
@@ -171,5 +173,6 @@ bool editDateTime(QWidget *parent, const QPoint &pos, QDateTime &dateTime)
     PopupDialog popup(parent);
     auto *edit = addEditor<MLDateTimeEdit>(popup);
     edit->setDateTime(dateTime.isValid() ? dateTime : currentDateTime());
-    return setOrCurrent(popup, pos, dateTime, [edit] { return edit->dateTime(); }, currentDateTime);
+    return setOrCurrent(
+        popup, pos, dateTime, [edit] { return edit->dateTime(); }, currentDateTime);
 }

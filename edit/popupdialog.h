@@ -20,6 +20,7 @@ public:
     // Where the content goes, above the buttons.
     QVBoxLayout *contentLayout() const { return m_content; }
     // A button that ends the pop-up with its number: 1 for the first one added, and so on.
+    // Return presses none of them unless one is made the default (a chooser's "Set").
     QPushButton *addButton(const QString &text, const QString &icon);
 
     // Runs the pop-up at pos; the number of the button that ended it, 0 when dismissed.

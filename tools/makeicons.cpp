@@ -4,7 +4,9 @@
 //
 // Every name of MAP becomes SHARE_DIR/pics/[folder/]name.png for a desktop tool bar,
 // pics/[folder/]16|24|32/name.png for font-sized icons and pics144/[folder/]name.png
-// for high-resolution screens. A picture missing from the theme fails the build.
+// for high-resolution screens. Each pics/ picture has a "name@2x.png" twin of twice the size,
+// which the toolkit takes on a screen of device pixel ratio 2. A picture missing from the
+// theme fails the build.
 
 #include <QCoreApplication>
 #include <QDir>
@@ -140,6 +142,20 @@ void write(const QImage &image, const QString &path)
         fail(QStringLiteral("cannot write %1").arg(path));
 }
 
+// The twice-as-large twin of a picture's path: "name.png" becomes "name@2x.png".
+QString doublePath(const QString &path)
+{
+    return path.left(path.size() - 4) + QStringLiteral("@2x.png");
+}
+
+// The picture and its twin for a screen of device pixel ratio 2.
+void writeBoth(const Entry &entry, const QString &themeDir, int size, const QString &mapName,
+    const QString &path)
+{
+    write(picture(entry, themeDir, size, mapName), path);
+    write(picture(entry, themeDir, 2 * size, mapName), doublePath(path));
+}
+
 QString outputPath(
     const QString &shareDir, const QString &root, const Entry &entry, const QString &sizeFolder)
 {
@@ -155,10 +171,9 @@ void build(
     const Entry &entry, const QString &themeDir, const QString &shareDir, const QString &mapName)
 {
     const QString pics = QStringLiteral("pics");
-    write(picture(entry, themeDir, toolBarSize, mapName),
-        outputPath(shareDir, pics, entry, QString()));
+    writeBoth(entry, themeDir, toolBarSize, mapName, outputPath(shareDir, pics, entry, QString()));
     for (int size : fontSizes)
-        write(picture(entry, themeDir, size, mapName),
+        writeBoth(entry, themeDir, size, mapName,
             outputPath(shareDir, pics, entry, QString::number(size)));
     write(picture(entry, themeDir, highResolutionSize, mapName),
         outputPath(shareDir, QStringLiteral("pics144"), entry, QString()));

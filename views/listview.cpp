@@ -5,6 +5,15 @@
 #include "views/listviewitem.h"
 #include "views/recordcells.h"
 
+#include <QHeaderView>
+#include <QStyle>
+
+namespace
+{
+// The widest a fitted column grows, in average characters of the list's font.
+constexpr int maxFitCharacters = 40;
+} // namespace
+
 ListView::ListView(QWidget *parent, const QString &name)
     : PIMListView(parent, name)
 {
@@ -21,6 +30,33 @@ void ListView::bind(DataManager *manager, const QList<FieldDef> &fields, const Q
     setFields(fields);
     setColumns(columns);
     init();
+    fitUnsetColumns();
+}
+
+void ListView::newTask(PIMRecord *record)
+{
+    PIMListView::newTask(record);
+    fitUnsetColumns();
+}
+
+void ListView::updateTask(PIMRecord *record)
+{
+    PIMListView::updateTask(record);
+    fitUnsetColumns();
+}
+
+void ListView::fitUnsetColumns()
+{
+    const QSignalBlocker blocker(header());
+    const int most = fontMetrics().averageCharWidth() * maxFitCharacters;
+    const int margin = 2 * style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 4;
+    for (int column = 0; column < columnCount(); ++column) {
+        const int field = fieldAt(column);
+        if (field < 0 || m_fields.value(field).width >= 0)
+            continue;
+        const int content = qMin(sizeHintForColumn(column) + margin, most);
+        header()->resizeSection(column, qMax(header()->sectionSizeHint(column), content));
+    }
 }
 
 DataManager *ListView::dataManager() const

@@ -26,6 +26,11 @@ public:
     const QList<FieldDef> &fields() const { return m_fields; }
     DataManager *dataManager() const;
 
+public Q_SLOTS:
+    // A row added or changed may need more room in a column the user has not sized.
+    void newTask(PIMRecord *record) override;
+    void updateTask(PIMRecord *record) override;
+
 protected:
     void addField(int field, Config *config) override;
     void columnResized(int section, int newWidth) override;
@@ -33,6 +38,11 @@ protected:
     RecordItem *createItem(PIMRecord *record, RecordItem *after) override;
 
 private:
+    // Columns whose field has no width of the user's fit the rows on the page, within a
+    // maximum and never narrower than their header. Nothing is stored: the card keeps only
+    // widths the user set.
+    void fitUnsetColumns();
+
     QList<FieldDef> m_fields;
 };
 

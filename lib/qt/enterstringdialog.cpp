@@ -1,10 +1,9 @@
 #include "lib/qt/enterstringdialog.h"
 
-#include "app/resourceicons.h"
+#include "lib/qt/mldialogbuttons.h"
 
-#include <QHBoxLayout>
+#include <QDialogButtonBox>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 EnterStringDialog::EnterStringDialog(const QString &caption, const QString &text, QWidget *parent)
@@ -16,23 +15,9 @@ EnterStringDialog::EnterStringDialog(const QString &caption, const QString &text
     m_edit->selectAll();
     m_edit->setMinimumWidth(m_edit->fontMetrics().averageCharWidth() * 32);
 
-    auto *ok = new QPushButton(loadIconSet(QStringLiteral("button_ok")), tr("Ok"), this);
-    ok->setObjectName(QStringLiteral("btnOk"));
-    ok->setDefault(true);
-    auto *cancel
-        = new QPushButton(loadIconSet(QStringLiteral("button_cancel")), tr("Cancel"), this);
-    cancel->setObjectName(QStringLiteral("btnCancel"));
-    cancel->setAutoDefault(false);
-    connect(ok, &QPushButton::clicked, this, &QDialog::accept);
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-
-    auto *buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(ok);
-    buttons->addWidget(cancel);
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(m_edit);
-    layout->addLayout(buttons);
+    layout->addWidget(MLDialogButtons::okCancel(this));
     m_edit->setFocus();
 }
 

@@ -1,5 +1,7 @@
 #include "lib/qt/iconviewdialog.h"
 
+#include "lib/qt/mldialogbuttons.h"
+
 #include <QDialogButtonBox>
 #include <QListWidget>
 #include <QVBoxLayout>
@@ -16,12 +18,10 @@ IconViewDialog::IconViewDialog(const QString &caption, QWidget *parent)
     view->setSelectionMode(QAbstractItemView::SingleSelection);
     view->setUniformItemSizes(true);
 
-    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    QDialogButtonBox *buttons = MLDialogButtons::okCancel(this);
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(view);
     layout->addWidget(buttons);
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     connect(view, &QListWidget::itemActivated, this, &QDialog::accept);
 }
 

@@ -12,6 +12,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
+#include <QTreeWidget>
 
 // The card chooser: what its buttons allow for the current entry and what it gives back.
 class TestDBDialog : public QObject
@@ -25,6 +26,9 @@ private Q_SLOTS:
     void nothingSelected();
     void selectMode();
     void selectAccepts();
+    void keys_data();
+    void keys();
+    void arrowsMoveAndOpenFollows();
 };
 
 namespace
@@ -131,6 +135,66 @@ void TestDBDialog::selectAccepts()
     QCOMPARE(dialog.exec(), int(QDialog::Accepted));
     QCOMPARE(driver.seen(), QStringList { QStringLiteral("Select Card") });
     QCOMPARE(dialog.selectedPath(), listed.path(QStringLiteral("Here")));
+}
+
+void TestDBDialog::keys_data()
+{
+    QTest::addColumn<QString>("input"); // "Return", "double click", "Delete"
+    QTest::addColumn<int>("answer"); // to the question: -1 none, 0 no, 1 yes
+    QTest::addColumn<int>("result"); // -1: the chooser stays
+    QTest::addColumn<int>("listed");
+
+    QTest::newRow("Return opens the first available card") << "Return" << -1 << 1 << 2;
+    QTest::newRow("a double click opens it") << "double click" << -1 << 1 << 2;
+    QTest::newRow("Delete, yes: out of the list") << "Delete" << 1 << -1 << 1;
+    QTest::newRow("Delete, no: kept") << "Delete" << 0 << -1 << 2;
+}
+
+void TestDBDialog::keys()
+{
+    QFETCH(QString, input);
+    QFETCH(int, answer);
+    QFETCH(int, result);
+    QFETCH(int, listed);
+    Listed cards;
+    DBDialog dialog(&cards.list, QString());
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    auto *list = dialog.findChild<QTreeWidget *>(QStringLiteral("db"));
+    QCOMPARE(dialog.selectedPath(), cards.path(QStringLiteral("Here")));
+    ModalDriver driver(answer < 0 ? QStringList() : QStringList { answer ? "button1" : "button2" });
+    if (input == "Return") {
+        QTest::keyClick(list, Qt::Key_Return);
+    } else if (input == "Delete") {
+        QTest::keyClick(list, Qt::Key_Delete);
+    } else {
+        const QPoint cell = list->visualItemRect(list->currentItem()).center();
+        // What a window system sends: a click, then the second press as a double click.
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, cell);
+        QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, cell);
+    }
+    QCOMPARE(driver.remaining(), 0);
+    QCOMPARE(dialog.isVisible() ? -1 : dialog.result(), result);
+    QCOMPARE(int(cards.list.count()), listed);
+}
+
+// Up and Down move the current row; "Open" follows the card under it.
+void TestDBDialog::arrowsMoveAndOpenFollows()
+{
+    Listed cards;
+    DBDialog dialog(&cards.list, QString());
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    auto *list = dialog.findChild<QTreeWidget *>(QStringLiteral("db"));
+    QTest::keyClick(list, Qt::Key_Home);
+    const QTreeWidgetItem *first = list->currentItem();
+    const bool firstOpens = enabled(dialog, "btnSelect");
+    QCOMPARE(firstOpens, !dialog.selectedPath().isNull());
+    QTest::keyClick(list, Qt::Key_Down);
+    QVERIFY(list->currentItem() != first);
+    // One card of the two is gone: the other opens.
+    QCOMPARE(enabled(dialog, "btnSelect"), !firstOpens);
+    QCOMPARE(enabled(dialog, "btnSelect"), !dialog.selectedPath().isNull());
 }
 
 QTEST_MAIN(TestDBDialog)

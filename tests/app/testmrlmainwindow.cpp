@@ -142,10 +142,10 @@ void TestMRLMainWindow::aboutOpensDateAndTime()
 {
     TestHome home;
     MRLMainWindow window;
-    ModalDriver driver(QList<ModalDriver::Step> {
-        [](QWidget *about) { ModalDriver::click(about, "dateTime"); },
-        [](QWidget *dateTime) { ModalDriver::click(dateTime, "btnCancel"); },
-        [](QWidget *about) { static_cast<QDialog *>(about)->accept(); } });
+    ModalDriver driver(
+        QList<ModalDriver::Step> { [](QWidget *about) { ModalDriver::click(about, "dateTime"); },
+            [](QWidget *dateTime) { ModalDriver::click(dateTime, "btnCancel"); },
+            [](QWidget *about) { QTest::keyClick(about, Qt::Key_Return); } });
     window.action(QStringLiteral("Brightloom"))->trigger();
     QTRY_COMPARE(driver.remaining(), 0);
     QTRY_VERIFY(!QApplication::activeModalWidget());

@@ -38,6 +38,8 @@ private Q_SLOTS:
     void moves();
     void cancelledNewIsDestroyedButCounterMoved();
     void cancelledEditKeepsTheRecord();
+    void closing_data();
+    void closing();
     void remove_data();
     void remove();
     void memoAndReminderPages();
@@ -91,6 +93,11 @@ void answerYesNo(bool yes)
     });
 }
 
+void press(QWidget *dialog, const char *button)
+{
+    QTest::mouseClick(dialog->findChild<QPushButton *>(QLatin1String(button)), Qt::LeftButton);
+}
+
 template <class T> T *value(DataEditor *editor, int i)
 {
     return qobject_cast<T *>(editor->form()->valueWidget(i));
@@ -127,7 +134,7 @@ void TestDataEditor::tabs()
     runEditor(editor, manager->newRecord(), [&](DataEditor *e) {
         labels = tabLabels(e);
         formShown = e->form()->isVisible();
-        e->reject();
+        press(e, "btnCancel");
     });
     QCOMPARE(labels, expected);
     QCOMPARE(formShown, expected.isEmpty() || expected.first() == "Record");
@@ -168,7 +175,7 @@ void TestDataEditor::roundTrip()
         QVERIFY(value<QCheckBox>(e, 8)->isChecked());
         QCOMPARE(value<QLineEdit>(e, 11)->text(), QStringLiteral("a;c"));
         QCOMPARE(e->windowTitle(), QStringLiteral("Edit Record - test"));
-        e->accept();
+        press(e, "btnOk");
     });
     QCOMPARE(record->stringValue(0), QStringLiteral("name"));
     QCOMPARE(record->doubleValue(1), 42.0);
@@ -228,7 +235,7 @@ void TestDataEditor::moves()
             QMetaObject::invokeMethod(e, move.toLatin1().constData());
         shownText = value<QLineEdit>(e, 0)->text();
         QCOMPARE(e->record()->stringValue(0), shownText);
-        e->reject();
+        press(e, "btnCancel");
     });
     QCOMPARE(shownText, shown);
     QCOMPARE(names(*manager), stored);
@@ -243,7 +250,8 @@ void TestDataEditor::cancelledNewIsDestroyedButCounterMoved()
     DataEditor editor(manager.get());
     const int result = runEditor(editor, manager->newRecord(), [](DataEditor *e) {
         value<QLineEdit>(e, 0)->setText("dropped");
-        e->reject();
+        answerYesNo(true);
+        press(e, "btnCancel");
     });
     QCOMPARE(result, int(QDialog::Rejected));
     QCOMPARE(manager->count(), 0);
@@ -262,9 +270,89 @@ void TestDataEditor::cancelledEditKeepsTheRecord()
         value<QLineEdit>(e, 0)->setText("saved by the move");
         e->findChild<QAction *>("forward")->trigger();
         value<QLineEdit>(e, 0)->setText("thrown away");
-        e->reject();
+        answerYesNo(true);
+        press(e, "btnCancel");
     });
     QCOMPARE(names(*manager), (QStringList { "saved by the move", "b" }));
+}
+
+void TestDataEditor::closing_data()
+{
+    QTest::addColumn<bool>("stored"); // else a new record
+    QTest::addColumn<QString>("typed"); // into the String field; empty: nothing typed
+    QTest::addColumn<QString>("way"); // "ok", "cancel", "return", "escape", "close", "memo"
+    QTest::addColumn<int>("answer"); // to the question: -1 none asked, 0 no, 1 yes
+    QTest::addColumn<int>("result"); // -1: still open after the way out
+    QTest::addColumn<QString>("kept"); // the String value of the card's first record
+
+    QTest::newRow("Ok") << true << "x"
+                        << "ok" << -1 << 1 << "x";
+    QTest::newRow("Return in a line edit") << false << "x"
+                                           << "return" << -1 << 1 << "x";
+    QTest::newRow("Return in a text field is a new line") << true << ""
+                                                          << "memo" << -1 << -1 << "old";
+    QTest::newRow("untouched new, Escape: no question") << false << ""
+                                                        << "escape" << -1 << 0 << "";
+    QTest::newRow("untouched stored, close button") << true << ""
+                                                    << "close" << -1 << 0 << "old";
+    QTest::newRow("changed, Cancel, yes") << true << "x"
+                                          << "cancel" << 1 << 0 << "old";
+    QTest::newRow("changed, Escape, no: stays") << true << "x"
+                                                << "escape" << 0 << -1 << "old";
+    QTest::newRow("new, close button, no: stays") << false << "x"
+                                                  << "close" << 0 << -1 << "";
+    QTest::newRow("new, close button, yes") << false << "x"
+                                            << "close" << 1 << 0 << "";
+}
+
+void TestDataEditor::closing()
+{
+    QFETCH(bool, stored);
+    QFETCH(QString, typed);
+    QFETCH(QString, way);
+    QFETCH(int, answer);
+    QFETCH(int, result);
+    QFETCH(QString, kept);
+    TestHome home;
+    auto manager = card(home, { testField(FieldDef::String), testField(FieldDef::Text) });
+    if (stored)
+        addNamed(*manager, { "old" });
+    DataEditor editor(manager.get());
+    int asked = -1;
+    int openAfter = -1;
+    const int closed
+        = runEditor(editor, stored ? at(*manager, 0) : manager->newRecord(), [&](DataEditor *e) {
+              auto *line = value<QLineEdit>(e, 0);
+              if (!typed.isEmpty()) {
+                  line->selectAll();
+                  QTest::keyClicks(line, typed);
+              }
+              if (answer >= 0)
+                  whenShown<MRLDialog>([&asked, answer](MRLDialog *box) {
+                      asked = answer;
+                      press(box, answer ? "button1" : "button2");
+                  });
+              if (way == "ok")
+                  press(e, "btnOk");
+              else if (way == "cancel")
+                  press(e, "btnCancel");
+              else if (way == "return")
+                  QTest::keyClick(line, Qt::Key_Return);
+              else if (way == "memo")
+                  QTest::keyClick(value<QPlainTextEdit>(e, 1), Qt::Key_Return);
+              else if (way == "escape")
+                  QTest::keyClick(line, Qt::Key_Escape);
+              else
+                  e->close();
+              if (e->isVisible()) {
+                  openAfter = 1;
+                  answerYesNo(true);
+                  press(e, "btnCancel");
+              }
+          });
+    QCOMPARE(asked, answer);
+    QCOMPARE(openAfter == 1 ? -1 : closed, result);
+    QCOMPARE(manager->count() ? at(*manager, 0)->stringValue(0) : QString(), kept);
 }
 
 void TestDataEditor::remove_data()
@@ -299,7 +387,7 @@ void TestDataEditor::remove()
             e->findChild<QAction *>("delete")->trigger();
             if (e->isVisible()) {
                 shownText = value<QLineEdit>(e, 0)->text();
-                e->reject();
+                press(e, "btnCancel");
             }
         });
     QCOMPARE(shownText, shown);
@@ -331,7 +419,7 @@ void TestDataEditor::memoAndReminderPages()
         set.sound = true;
         set.type = 2;
         reminder->setReminder(&set);
-        e->accept();
+        press(e, "btnOk");
     });
     QCOMPARE(record->memo(), QStringLiteral("new memo"));
     QVERIFY(record->hasReminder());

@@ -94,7 +94,7 @@ void TestImageEditorWidget::cancelledSetupChangesNothing()
     QSignalSpy changed(&widget, &ImageEditorWidget::changed);
     whenShown<ImageSetup>([](ImageSetup *setup) {
         setup->findChild<QListWidget *>(QStringLiteral("images"))->setCurrentRow(0);
-        setup->reject();
+        QTest::keyClick(setup, Qt::Key_Escape);
     });
     widget.setupImage();
     QVERIFY(widget.image().isEmpty());
