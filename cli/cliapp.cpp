@@ -8,6 +8,7 @@
 #include "cli/formulacommand.h"
 #include "cli/generatecommand.h"
 #include "cli/listcommand.h"
+#include "cli/reportcommand.h"
 #include "cli/setfieldscommand.h"
 #include "platform/platformpaths.h"
 
@@ -25,6 +26,7 @@ CliApp::CliApp()
     m_commands.push_back(std::make_unique<AddCommand>());
     m_commands.push_back(std::make_unique<GenerateCommand>());
     m_commands.push_back(std::make_unique<ListCommand>());
+    m_commands.push_back(std::make_unique<ReportCommand>());
 }
 
 CliApp::~CliApp() = default;
@@ -62,6 +64,17 @@ int CliApp::usageError(const QString &message) const
     err << "norvika-cli: " << message << '\n'
         << "usage: norvika-cli [--home DIR] COMMAND [ARGS...]  (norvika-cli --help lists the commands)\n";
     return CliCommand::UsageError;
+}
+
+QString CliApp::commandName(const QStringList &arguments)
+{
+    for (qsizetype i = 0; i < arguments.size(); ++i) {
+        if (arguments.at(i) == QLatin1String("--home"))
+            ++i;
+        else if (!arguments.at(i).startsWith(QLatin1String("--")))
+            return arguments.at(i);
+    }
+    return QString();
 }
 
 int CliApp::run(const QStringList &arguments)
