@@ -46,6 +46,7 @@ class TestReportPage : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase();
     void valueText_data();
     void valueText();
     void settingsRead_data();
@@ -60,6 +61,11 @@ private Q_SLOTS:
     void lines();
     void noRecordIsOnePixel();
 };
+
+void TestReportPage::initTestCase()
+{
+    qApp->setObjectName(QStringLiteral("norvika"));
+}
 
 void TestReportPage::valueText_data()
 {
