@@ -55,10 +55,10 @@ void TestMRLDB::actions_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<bool>("enabled");
-    for (const char *name : { "db", "newdb", "memo", "Brightloom", "exit" })
+    for (const char *name : { "db", "newdb", "memo", "options", "Brightloom", "exit" })
         QTest::newRow(name) << QString::fromLatin1(name) << true;
     for (const char *name : { "new", "edit", "clone", "delete", "export", "import", "clear",
-             "modify", "remove", "fields", "report", "pclink", "sdata", "gdata", "options" })
+             "modify", "remove", "fields", "report", "pclink", "sdata", "gdata" })
         QTest::newRow(name) << QString::fromLatin1(name) << false;
 }
 

@@ -6,7 +6,6 @@
 #include "lib/qt/mlselectcoloraction.h"
 #include "lib/qt/mltabwidget.h"
 #include "lib/qt/mrllistview.h"
-#include "lib/qt/mrllistviewitem.h"
 #include "platform/config.h"
 #include "platform/global.h"
 #include "views/colorswidget.h"
@@ -56,17 +55,12 @@ class TestOptionsDialog : public QObject
 
 private Q_SLOTS:
     void initTestCase();
-    void alignIndex_data();
-    void alignIndex();
-    void alignValue_data();
-    void alignValue();
+    void alignment_data();
+    void alignment();
     void firstPage_data();
     void firstPage();
-    void pageChangeIsStored();
     void reportChangesAreStoredAtOnce_data();
     void reportChangesAreStoredAtOnce();
-    void rowColorsAreStoredAtOnce();
-    void previewRows();
     void cancelPutsBackOkKeeps_data();
     void cancelPutsBackOkKeeps();
     void sampleFileGoesWithTheDialog();
@@ -77,48 +71,39 @@ void TestOptionsDialog::initTestCase()
     qApp->setObjectName(QStringLiteral("norvika"));
 }
 
-void TestOptionsDialog::alignIndex_data()
+void TestOptionsDialog::alignment_data()
 {
     QTest::addColumn<int>("stored");
     QTest::addColumn<int>("index");
-    QTest::newRow("right") << 2 << 0;
-    QTest::newRow("left") << 1 << 1;
-    QTest::newRow("centre shows as New Item") << 36 << 2;
-    QTest::newRow("anything else") << 4 << 2;
+    QTest::addColumn<int>("storedBack");
+    QTest::newRow("right") << 2 << 0 << 2;
+    QTest::newRow("left") << 1 << 1 << 1;
+    QTest::newRow("centre shows as New Item, which stores centre") << 36 << 2 << 36;
+    QTest::newRow("anything else") << 4 << 2 << 36;
 }
 
-void TestOptionsDialog::alignIndex()
+// Stored value to the chooser's entry and back; "Center" (index 3) stores the centre too.
+void TestOptionsDialog::alignment()
 {
     QFETCH(int, stored);
     QFETCH(int, index);
+    QFETCH(int, storedBack);
     QCOMPARE(ReportViewOptions::alignIndex(stored), index);
-}
-
-void TestOptionsDialog::alignValue_data()
-{
-    QTest::addColumn<int>("index");
-    QTest::addColumn<int>("stored");
-    QTest::newRow("Right") << 0 << 2;
-    QTest::newRow("Left") << 1 << 1;
-    QTest::newRow("New Item acts as centre") << 2 << 36;
-    QTest::newRow("Center") << 3 << 36;
-}
-
-void TestOptionsDialog::alignValue()
-{
-    QFETCH(int, index);
-    QFETCH(int, stored);
-    QCOMPARE(ReportViewOptions::alignValue(index), stored);
+    QCOMPARE(ReportViewOptions::alignValue(index), storedBack);
+    QCOMPARE(ReportViewOptions::alignValue(3), 36);
 }
 
 void TestOptionsDialog::firstPage_data()
 {
     QTest::addColumn<QString>("stored");
     QTest::addColumn<int>("index");
-    QTest::newRow("none: View") << "" << 0;
-    QTest::newRow("1: View") << "1" << 0;
-    QTest::newRow("2: Report View") << "2" << 1;
-    QTest::newRow("garbage: View") << "x" << 0;
+    const auto row = [](const char *name, const char *stored, int index) {
+        QTest::newRow(name) << QString::fromLatin1(stored) << index;
+    };
+    row("none: View", "", 0);
+    row("1: View", "1", 0);
+    row("2: Report View", "2", 1);
+    row("garbage: View", "x", 0);
 }
 
 void TestOptionsDialog::firstPage()
@@ -135,19 +120,12 @@ void TestOptionsDialog::firstPage()
     QCOMPARE(dialog.tabs()->currentIndex(), index);
     QCOMPARE(dialog.tabs()->tabLabel(0), QStringLiteral("View"));
     QCOMPARE(dialog.tabs()->tabLabel(1), QStringLiteral("Report View"));
-}
-
-void TestOptionsDialog::pageChangeIsStored()
-{
-    TestHome home;
-    OptionsDialog dialog;
+    // A click on the other page stores that page at once.
     dialog.show();
     QVERIFY(QTest::qWaitForWindowExposed(&dialog));
     QTabBar *bar = dialog.tabs()->tabBar();
-    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(1).center());
-    QCOMPARE(entry("Options", "optionsPage"), QStringLiteral("2"));
-    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(0).center());
-    QCOMPARE(entry("Options", "optionsPage"), QStringLiteral("1"));
+    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(1 - index).center());
+    QCOMPARE(entry("Options", "optionsPage"), QString::number(2 - index));
 }
 
 void TestOptionsDialog::reportChangesAreStoredAtOnce_data()
@@ -156,34 +134,16 @@ void TestOptionsDialog::reportChangesAreStoredAtOnce_data()
     QTest::addColumn<QString>("choice");
     QTest::addColumn<QString>("key");
     QTest::addColumn<QString>("stored");
-    QTest::newRow("labels red") << "b1"
-                                << "color6"
-                                << "c1"
-                                << "#ff0000";
-    QTest::newRow("values navy") << "b2"
-                                 << "color13"
-                                 << "c2"
-                                 << "#000080";
-    QTest::newRow("lines off") << "b3"
-                               << "noColor"
-                               << "c3"
-                               << "";
-    QTest::newRow("separator off") << "b4"
-                                   << "noColor"
-                                   << "c4"
-                                   << "";
-    QTest::newRow("background cream") << "b5"
-                                      << "color4"
-                                      << "c5"
-                                      << "#ffffcc";
-    QTest::newRow("values centred") << "av"
-                                    << "end"
-                                    << "a2"
-                                    << "36";
-    QTest::newRow("labels left") << "al"
-                                 << "down"
-                                 << "a1"
-                                 << "1";
+    const auto row
+        = [](const char *name, const char *widget, const char *choice, const char *key,
+              const char *stored) { QTest::newRow(name) << widget << choice << key << stored; };
+    row("labels red", "b1", "color6", "c1", "#ff0000");
+    row("values navy", "b2", "color13", "c2", "#000080");
+    row("lines off", "b3", "noColor", "c3", "");
+    row("separator off", "b4", "noColor", "c4", "");
+    row("background cream", "b5", "color4", "c5", "#ffffcc");
+    row("values centred", "av", "end", "a2", "36");
+    row("labels left", "al", "down", "a1", "1");
 }
 
 // Each change writes every key and the sample follows at once.
@@ -212,41 +172,13 @@ void TestOptionsDialog::reportChangesAreStoredAtOnce()
     QCOMPARE(page->preview()->reportView()->page().settings(), ReportSettings::read());
 }
 
-void TestOptionsDialog::rowColorsAreStoredAtOnce()
-{
-    TestHome home;
-    OptionsDialog dialog;
-    dialog.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
-    pick(dialog.colorsPage(), "b2", "color4");
-    QCOMPARE(entry("main", "c2"), QStringLiteral("#ffffcc"));
-    QCOMPARE(dialog.colorsPage()->preview()->rowColor(1), QColor("#ffffcc"));
-    for (const char *other : { "c1", "c3", "c4" })
-        QVERIFY2(entry("main", other) != QLatin1String("<none>"), other);
-}
-
-void TestOptionsDialog::previewRows()
-{
-    TestHome home;
-    ColorsWidget page;
-    MRLListView *list = page.preview();
-    QCOMPARE(list->objectName(), QStringLiteral("main"));
-    QCOMPARE(list->colorMode(), int(MRLListView::AlternateColors));
-    QCOMPARE(list->columnCount(), 4);
-    QCOMPARE(list->columnWidth(0), 50);
-    QCOMPARE(list->columnWidth(1), 113);
-    QCOMPARE(list->columnAlignment(3), Qt::AlignRight);
-    QCOMPARE(list->itemCount(), 4);
-    QCOMPARE(list->lastItem()->text(1), QStringLiteral("Just Another Tragic Song"));
-}
-
 void TestOptionsDialog::cancelPutsBackOkKeeps_data()
 {
     QTest::addColumn<QString>("button");
     QTest::addColumn<bool>("kept");
-    QTest::newRow("ok") << "btnOk" << true;
-    QTest::newRow("cancel") << "btnCancel" << false;
-    QTest::newRow("escape") << "escape" << false;
+    QTest::newRow("ok") << QStringLiteral("btnOk") << true;
+    QTest::newRow("cancel") << QStringLiteral("btnCancel") << false;
+    QTest::newRow("escape") << QStringLiteral("escape") << false;
 }
 
 void TestOptionsDialog::cancelPutsBackOkKeeps()

@@ -143,12 +143,8 @@ void TestReportPage::settingsRead_data()
                             << QString::fromLatin1(member) << expected;
     };
     row("background default", "", "", "c5", QColor(Qt::white));
-    row("label default", "", "", "c1", QColor("#303030"));
-    row("value default", "", "", "c2", QColor(Qt::darkBlue));
     row("line default", "", "", "c3", QColor("#d0d0d0"));
-    row("separator default", "", "", "c4", QColor("#d0d0d0"));
     row("label align default", "", "", "a1", 2);
-    row("value align default", "", "", "a2", 1);
     row("stored label colour", "c1", "#112233", "c1", QColor("#112233"));
     row("garbage background", "c5", "no colour", "c5", QColor(Qt::white));
     row("garbage value colour", "c2", "#zz", "c2", QColor(Qt::darkBlue));
