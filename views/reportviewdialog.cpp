@@ -165,8 +165,13 @@ void ReportViewDialog::recordSelected(int n)
 
 void ReportViewDialog::refreshBar()
 {
-    if (!m_manager)
+    if (!m_manager) {
+        // Nothing to walk through: the bar stays off.
+        m_spin->setEnabled(false);
+        for (const char *name : { "start", "back", "forward", "end" })
+            action(QLatin1String(name))->setEnabled(false);
         return;
+    }
     const int count = int(m_manager->view().size());
     const int index = position();
     {
