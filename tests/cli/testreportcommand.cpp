@@ -6,6 +6,7 @@
 
 #include <QFile>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTest>
 
 // report CARD --record N [--pdf OUT.pdf], run as users run it.
@@ -16,11 +17,14 @@ class TestReportCommand : public QObject
 private Q_SLOTS:
     void textMatchesGolden();
     void pdfHoldsTheText();
+    void pages_data();
+    void pages();
     void badInput_data();
     void badInput();
 
 private:
     static QString allFieldsCard(const TestHome &home);
+    static QString run(const QString &tool, const QStringList &arguments);
 };
 
 // One field of each of the fifteen types, and a second record after it.
@@ -96,15 +100,67 @@ void TestReportCommand::pdfHoldsTheText()
     QCOMPARE(result.status, 0);
     QVERIFY(result.out.startsWith("Name:\tAnn Lee\n"));
 
-    QProcess pdftotext;
-    pdftotext.start(QStringLiteral("pdftotext"), { QStringLiteral("-layout"), pdf, "-" });
-    QVERIFY(pdftotext.waitForFinished(30000));
-    QCOMPARE(pdftotext.exitCode(), 0);
-    const QString text = QString::fromUtf8(pdftotext.readAllStandardOutput()).simplified();
+    const QString text
+        = run(QStringLiteral("pdftotext"), { QStringLiteral("-layout"), pdf, QStringLiteral("-") })
+              .simplified();
     for (const char *expected : { "Name:", "Ann", "Pages: 320", "Price: 12.50",
              "Bought: 2005-04-03", "line second line", "Owned: Yes", "Tags: a", "No: 7" })
         QVERIFY2(text.contains(QLatin1String(expected)), qPrintable(expected + (" in: " + text)));
     QVERIFY(!text.contains(QLatin1String("not in the report")));
+}
+
+QString TestReportCommand::run(const QString &tool, const QStringList &arguments)
+{
+    QProcess process;
+    process.start(tool, arguments);
+    process.waitForFinished(30000);
+    return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+void TestReportCommand::pages_data()
+{
+    QTest::addColumn<int>("fields");
+    QTest::addColumn<int>("lines");
+    QTest::addColumn<bool>("onePage");
+    QTest::newRow("rows run over pages, never split") << 150 << 1 << false;
+    QTest::newRow("a row taller than a page is scaled to one") << 1 << 400 << true;
+}
+
+void TestReportCommand::pages()
+{
+    QFETCH(int, fields);
+    QFETCH(int, lines);
+    QFETCH(bool, onePage);
+    TestHome home;
+    const QString path = home.file(QStringLiteral("long.card"));
+    {
+        QList<FieldDef> list;
+        for (int i = 0; i < fields; ++i) {
+            FieldDef def;
+            def.type = FieldDef::Text;
+            def.title = def.label = QStringLiteral("F%1").arg(i);
+            list.append(def);
+        }
+        DataManager card(path);
+        card.setFields(list, true);
+        DataRecord *record = card.newRecord();
+        QStringList text;
+        for (int i = 0; i < lines; ++i)
+            text << QStringLiteral("line %1").arg(i);
+        for (int i = 0; i < fields; ++i)
+            record->setStringValue(i, text.join(QLatin1Char('\n')));
+        card.add(record);
+        QVERIFY(card.save());
+    }
+    const QString pdf = home.file(QStringLiteral("long.pdf"));
+    QCOMPARE(runCli(home.path(), { "report", path, "--record", "0", "--pdf", pdf }).status, 0);
+    const QString info = run(QStringLiteral("pdfinfo"), { pdf });
+    const bool single = info.contains(QRegularExpression(QStringLiteral("Pages:\\s+1\\n")));
+    QCOMPARE(single, onePage);
+    // Each page holds whole rows: every label and the last line are there once.
+    const QString text = run(QStringLiteral("pdftotext"), { pdf, QStringLiteral("-") });
+    QCOMPARE(text.count(QStringLiteral("F%1:").arg(fields - 1)), 1);
+    QVERIFY(text.contains(QStringLiteral("line %1").arg(lines - 1)));
 }
 
 void TestReportCommand::badInput_data()
