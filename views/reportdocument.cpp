@@ -34,7 +34,6 @@ public:
         m_page.paintBackground(m_painter, m_device->height());
         for (int i = 0; i < m_page.rows().size(); ++i)
             paintRow(i);
-        m_page.paintSeparator(m_painter, margin, m_y);
     }
 
 private:
@@ -49,6 +48,8 @@ private:
         m_painter.save();
         m_painter.translate(0, m_y);
         m_painter.scale(scale, scale);
+        // The separator goes row by row, so that it stays beside a row scaled down.
+        m_page.paintSeparator(m_painter, 0, needed);
         m_page.paintRow(m_painter, i, 0);
         m_painter.restore();
         m_y += height;
@@ -56,7 +57,6 @@ private:
 
     void nextPage()
     {
-        m_page.paintSeparator(m_painter, margin, m_y);
         m_device->newPage();
         m_page.paintBackground(m_painter, m_device->height());
         m_y = margin;
