@@ -28,6 +28,8 @@
 #include "store/dbmanager.h"
 #include "store/dbrecord.h"
 #include "views/listview.h"
+#include "views/optionsdialog.h"
+#include "views/reportviewdialog.h"
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -375,7 +377,8 @@ void MRLDB::setCardActionsEnabled(bool enabled)
 
 void MRLDB::createRecordList()
 {
-    recordList = new ListView(listPlace);
+    // Named so that it reads its row colours from the group "main".
+    recordList = new ListView(listPlace, QStringLiteral("main"));
     recordList->setPaged(true);
     listPlace->layout()->addWidget(recordList);
     Config config(qApp->objectName());
@@ -401,6 +404,9 @@ void MRLDB::connectRecordCommands()
     connect(action(QStringLiteral("clone")), &QAction::triggered, this, &MRLDB::doClone);
     connect(action(QStringLiteral("delete")), &QAction::triggered, this, &MRLDB::doDelete);
     connect(action(QStringLiteral("clear")), &QAction::triggered, this, &MRLDB::doClearCard);
+    connect(action(QStringLiteral("report")), &QAction::triggered, this, &MRLDB::doReport);
+    connect(action(QStringLiteral("options")), &QAction::triggered, this, &MRLDB::options);
+    action(QStringLiteral("options"))->setEnabled(true);
 
     recordMenu = new QMenu(this);
     recordMenu->setObjectName(QStringLiteral("recordMenu"));
@@ -499,6 +505,26 @@ void MRLDB::doClearCard()
         && MLYesNoDialog::ask(
             tr("Clear Card"), tr("Are you sure you want to clear\nCard [%1] ?").arg(cardTitle)))
         manager->removeAll();
+}
+
+void MRLDB::doReport()
+{
+    DataRecord *record = currentRecord();
+    if (!record)
+        return;
+    ReportViewDialog dialog(record, this, QStringLiteral("report"));
+    dialog.exec();
+}
+
+void MRLDB::options()
+{
+    auto *dialog = new OptionsDialog(this);
+    dialog->exec();
+    delete dialog;
+    Config config(qApp->objectName());
+    config.setGroup(QStringLiteral("Options"));
+    recordList->setColorMode(config.readNumEntry(QStringLiteral("colormode"), 1));
+    recordList->init();
 }
 
 // Every keystroke is one update of the card: the change counter of the manager makes the

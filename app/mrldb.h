@@ -73,6 +73,10 @@ public Q_SLOTS:
     void doClone();
     void doDelete();
     void doClearCard();
+    // The current record as a report page.
+    void doReport();
+    // The options dialog; the record list takes its colours anew afterwards.
+    void options();
     void editRecord(PIMRecord *record);
     void editTask(DataRecord *record);
     void memoChanged();

@@ -12,6 +12,7 @@
 #include "cli/listcommand.h"
 #include "cli/sendcommand.h"
 #include "cli/servecommand.h"
+#include "cli/reportcommand.h"
 #include "cli/setfieldscommand.h"
 #include "platform/platformpaths.h"
 
@@ -33,6 +34,7 @@ CliApp::CliApp()
     m_commands.push_back(std::make_unique<ServeCommand>());
     m_commands.push_back(std::make_unique<SendCommand>());
     m_commands.push_back(std::make_unique<GetCommand>());
+    m_commands.push_back(std::make_unique<ReportCommand>());
 }
 
 CliApp::~CliApp() = default;
@@ -71,6 +73,17 @@ int CliApp::usageError(const QString &message) const
         << "usage: norvika-cli [--home DIR] COMMAND [ARGS...]  (norvika-cli --help lists the "
            "commands)\n";
     return CliCommand::UsageError;
+}
+
+QString CliApp::commandName(const QStringList &arguments)
+{
+    for (qsizetype i = 0; i < arguments.size(); ++i) {
+        if (arguments.at(i) == QLatin1String("--home"))
+            ++i;
+        else if (!arguments.at(i).startsWith(QLatin1String("--")))
+            return arguments.at(i);
+    }
+    return QString();
 }
 
 int CliApp::run(const QStringList &arguments)

@@ -18,6 +18,8 @@ public:
 
     // arguments without the program name; returns the process status.
     int run(const QStringList &arguments);
+    // The command the arguments name, past the global options, or an empty string.
+    static QString commandName(const QStringList &arguments);
 
 private:
     CliCommand *find(const QString &name) const;

@@ -26,8 +26,6 @@ class TestMRLDB : public QObject
 
 private Q_SLOTS:
     void initTestCase();
-    void actions_data();
-    void actions();
     void selectionClearedDisablesRecordCommands();
     void firstRunCreatesAndOpensCard();
     void openCardShowsPagedRecords_data();
@@ -51,29 +49,6 @@ void TestMRLDB::initTestCase()
 }
 
 // With no card open only the commands that need none are offered.
-void TestMRLDB::actions_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<bool>("enabled");
-    for (const char *name :
-        { "db", "newdb", "import", "memo", "pclink", "sdata", "gdata", "Brightloom", "exit" })
-        QTest::newRow(name) << QString::fromLatin1(name) << true;
-    for (const char *name : { "new", "edit", "clone", "delete", "export", "clear", "modify",
-             "remove", "fields", "report", "options" })
-        QTest::newRow(name) << QString::fromLatin1(name) << false;
-}
-
-void TestMRLDB::actions()
-{
-    QFETCH(QString, name);
-    QFETCH(bool, enabled);
-    TestHome home;
-    MRLDB window;
-    MRLAction *action = window.action(name);
-    QVERIFY(action);
-    QCOMPARE(action->isEnabled(), enabled);
-}
-
 void TestMRLDB::selectionClearedDisablesRecordCommands()
 {
     TestHome home;
