@@ -3,6 +3,7 @@
 
 #include "app/mrlmainwindow.h"
 
+class AlertDialog;
 class DBManager;
 class DataManager;
 class DataRecord;
@@ -97,6 +98,7 @@ private:
     void createPanes();
 
     void createCardList();
+    void createAlertDialog();
     void connectCardActions();
     void setCardActionsEnabled(bool enabled);
     void createRecordList();
@@ -132,6 +134,7 @@ private:
     QPlainTextEdit *memoEdit = nullptr;
     DataManager *manager = nullptr;
     DBManager *cardList = nullptr;
+    AlertDialog *alertDialog = nullptr;
     QToolButton *filterButton = nullptr;
     QMenu *filterMenu = nullptr;
     QToolButton *viewButton = nullptr;
