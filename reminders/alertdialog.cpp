@@ -2,11 +2,14 @@
 
 #include "card/datarecord.h"
 #include "platform/qpeapplication.h"
+#include "reminders/alarmnotification.h"
 #include "reminders/reminder.h"
+#include "store/pimmanager.h"
 #include "views/pimlistview.h"
 #include "views/recorditem.h"
 
 #include <QComboBox>
+#include <QFileInfo>
 #include <QLabel>
 #include <QPushButton>
 
@@ -20,6 +23,7 @@ const int snoozeSeconds[] = { 300, 600, 900, 1800, 3600, 10800, 21600 };
 
 AlertDialog::AlertDialog(QWidget *parent)
     : AlertDialogBase(parent)
+    , notification(new AlarmNotification(this))
 {
     setWindowTitle(tr("Reminders"));
     snoozebox->addItems(snoozeChoices());
@@ -28,6 +32,7 @@ AlertDialog::AlertDialog(QWidget *parent)
         connect(application, &QPEApplication::appMessage, this, &AlertDialog::appMessage);
     connect(lv, qOverload<PIMRecord *>(&PIMListView::selected), this, &AlertDialog::selected);
     connect(&checkTimer, &QTimer::timeout, this, &AlertDialog::check);
+    connect(notification, &AlarmNotification::activated, this, &AlertDialog::raiseMainWindow);
     selected(nullptr);
 }
 
@@ -84,7 +89,11 @@ void AlertDialog::appMessage(const QByteArray &msg, const QByteArray &)
         manager = owner;
         Q_EMIT setupView(lv, record);
     }
+    // The desktop's stand-in for the LED, and word of an alarm the user may not see.
+    const bool notify = record->reminder()->led || mainWindowAway();
     addRow(record);
+    if (notify)
+        notification->show(noticeText(record));
     if (inDialog)
         return;
     if (alert) {
@@ -93,6 +102,24 @@ void AlertDialog::appMessage(const QByteArray &msg, const QByteArray &)
     }
     runAlert(record);
     runList();
+}
+
+bool AlertDialog::mainWindowAway() const
+{
+    const QWidget *main = parentWidget() ? parentWidget()->window() : nullptr;
+    return !main || !main->isVisible() || main->isMinimized();
+}
+
+// The record as its row shows it, and its card, titled by its file name as in the list.
+QString AlertDialog::noticeText(DataRecord *record) const
+{
+    QStringList cells;
+    if (const RecordItem *row = lv->findItem(record))
+        for (int column = 0; column < lv->columnCount(); ++column)
+            if (!row->text(column).isEmpty())
+                cells << row->text(column);
+    return cells.join(QStringLiteral("  ")) + QLatin1Char('\n')
+        + QFileInfo(record->manager()->fullPath()).completeBaseName();
 }
 
 bool AlertDialog::editorIsFree()
@@ -122,6 +149,7 @@ void AlertDialog::runAlert(DataRecord *record)
     alert->exec();
     delete alert;
     alert = nullptr;
+    notification->close();
 }
 
 void AlertDialog::runList()
@@ -227,6 +255,7 @@ void AlertDialog::done(int result)
     manager = nullptr;
     lv->setManager(nullptr, false);
     lv->clear();
+    notification->close();
     Q_EMIT freeManager(shown);
     AlertDialogBase::done(result);
 }

@@ -8,6 +8,7 @@
 #include <QStringList>
 #include <QTimer>
 
+class AlarmNotification;
 class DataRecord;
 class PIMManager;
 class PIMRecord;
@@ -71,6 +72,8 @@ Q_SIGNALS:
 
 private:
     bool editorIsFree();
+    bool mainWindowAway() const;
+    QString noticeText(DataRecord *record) const;
     void postpone(const QString &message);
     void addRow(DataRecord *record);
     void runAlert(DataRecord *record);
@@ -84,6 +87,7 @@ private:
     bool inDialog = false;
     QStringList pending;
     QTimer checkTimer;
+    AlarmNotification *notification;
     Alert::PlayFunction m_play;
     Alert::LedFunction m_led;
 };

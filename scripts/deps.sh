@@ -9,6 +9,7 @@ packages=(
   libgl-dev uuid-dev libcrypt-dev
   oxygen-icon-theme
   xvfb xauth sqlite3 libsqlite3-dev
+  dbus-daemon
 )
 
 missing=()
