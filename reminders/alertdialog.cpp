@@ -157,7 +157,9 @@ void AlertDialog::runList()
     // Everything may have gone while the alert was up.
     if (!manager || lv->itemCount() == 0)
         return;
-    showMaximized();
+    // Maximized by state, not shown beforehand: a dialog already visible when exec() starts
+    // would not become modal and stay blocked behind any dialog opened before it.
+    setWindowState(windowState() | Qt::WindowMaximized);
     inDialog = true;
     lv->setFocus();
     exec();
