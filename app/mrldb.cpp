@@ -24,6 +24,7 @@
 #include "pclink/transfercommands.h"
 #include "platform/config.h"
 #include "platform/qcopenvelope.h"
+#include "reminders/alertdialog.h"
 #include "reminders/reminder.h"
 #include "store/dbmanager.h"
 #include "store/dbrecord.h"
@@ -88,6 +89,7 @@ MRLDB::MRLDB(QWidget *parent)
     : MRLMainWindow(parent)
 {
     createCardList();
+    createAlertDialog();
     createActions();
     connectCardActions();
     createToolBar();
@@ -951,6 +953,17 @@ void MRLDB::doRemoveCard()
 }
 
 // ---- Documents and reminders ----------------------------------------------------------------
+
+void MRLDB::createAlertDialog()
+{
+    alertDialog = new AlertDialog(this);
+    connect(alertDialog, &AlertDialog::editDialogIsFree, this, &MRLDB::editDialogIsFree);
+    connect(alertDialog, &AlertDialog::getTask, this, &MRLDB::getTask);
+    connect(alertDialog, &AlertDialog::freeManager, this, &MRLDB::freeManager);
+    connect(alertDialog, &AlertDialog::raiseMainWindow, this, &MRLDB::raiseMainWindow);
+    connect(alertDialog, &AlertDialog::setupView, this, &MRLDB::setupView);
+    connect(alertDialog, &AlertDialog::editTask, this, &MRLDB::editTask);
+}
 
 void MRLDB::getTask(DataRecord **result, const QString &uid)
 {

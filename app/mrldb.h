@@ -4,6 +4,7 @@
 #include "app/mrlmainwindow.h"
 
 class Config;
+class AlertDialog;
 class DBManager;
 class DataManager;
 class DataRecord;
@@ -107,6 +108,7 @@ private:
     void createPanes();
 
     void createCardList();
+    void createAlertDialog();
     void connectCardActions();
     void setCardActionsEnabled(bool enabled);
     void createRecordList();
@@ -151,6 +153,7 @@ private:
     QPlainTextEdit *memoEdit = nullptr;
     DataManager *manager = nullptr;
     DBManager *cardList = nullptr;
+    AlertDialog *alertDialog = nullptr;
     QToolButton *filterButton = nullptr;
     QMenu *filterMenu = nullptr;
     QToolButton *viewButton = nullptr;

@@ -10,6 +10,7 @@ packages=(
   oxygen-icon-theme
   xvfb xauth sqlite3 libsqlite3-dev
   libqt6printsupport6 poppler-utils
+  dbus-daemon
 )
 
 missing=()

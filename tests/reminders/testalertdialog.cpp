@@ -1,0 +1,307 @@
+#include "reminders/alertdialog.h"
+
+#include "card/taskfinder.h"
+#include "lib/qt/mrllistviewitem.h"
+#include "platform/alarmtable.h"
+#include "reminders/reminder.h"
+#include "support/testcard.h"
+#include "support/testhome.h"
+#include "views/listview.h"
+
+#include <QDialogButtonBox>
+#include <QPushButton>
+#include <QtTest>
+
+// The reminder list: what an arriving alarm does in each state of the list, where the
+// snooze choices move a reminder, and what its buttons do to the records and their alarms.
+class TestAlertDialog : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void arrivingAlarm_data();
+    void arrivingAlarm();
+    void snoozeMoment_data();
+    void snoozeMoment();
+    void buttons_data();
+    void buttons();
+};
+
+namespace
+{
+enum State { Idle, Alerting, Listing };
+enum Case { SameCard, OtherCard, EditorBusy, NoReminder, UnknownUid };
+
+// The main window's part: an open card, another card on disk, and the services.
+struct Window {
+    TestHome home;
+    std::unique_ptr<DataManager> open
+        = testCard(home.file(QStringLiteral("a.card")), { testField(0) }, { "a1", "a2", "a3" });
+    QString otherPath = home.file(QStringLiteral("b.card"));
+    QString otherUid;
+    AlertDialog dialog;
+    bool busy = false;
+    int plays = 0;
+    int freed = 0;
+
+    Window()
+    {
+        for (int row : { 0, 1 })
+            setReminder(open->view().at(row), QDateTime::currentDateTime().addSecs(600));
+        auto other = testCard(otherPath, { testField(0) }, { "b1" });
+        setReminder(other->view().at(0), QDateTime::currentDateTime().addSecs(600));
+        otherUid = other->view().at(0)->uidString();
+        other->save();
+        dialog.setAlarmOutput([this] { ++plays; }, [](bool, int) {});
+        QObject::connect(
+            &dialog, &AlertDialog::editDialogIsFree, [this](bool *free) { *free = !busy; });
+        QObject::connect(
+            &dialog, &AlertDialog::getTask, [this](DataRecord **result, const QString &uid) {
+                *result = TaskFinder::find(open.get(), { otherPath }, uid);
+            });
+        QObject::connect(&dialog, &AlertDialog::freeManager, [this](PIMManager *manager) {
+            if (manager && manager != open.get()) {
+                ++freed;
+                delete manager;
+            }
+        });
+        QObject::connect(
+            &dialog, &AlertDialog::setupView, [](PIMListView *view, DataRecord *record) {
+                view->setManager(record->manager(), false);
+                view->setColumns({ 0 });
+                view->init();
+            });
+    }
+    // Saved through a copy, as the editor does, so that the alarm is registered.
+    static void setReminder(PIMRecord *record, const QDateTime &when)
+    {
+        auto *data = static_cast<DataRecord *>(record);
+        auto *old = new DataRecord(*data);
+        auto *reminder = new Reminder;
+        reminder->dateTime = when;
+        reminder->sound = true;
+        data->setReminder(reminder);
+        data->save(old);
+    }
+    QByteArray message(int row) const
+    {
+        return "alarm(QDateTime,int)" + open->view().at(row)->uidString().toLatin1();
+    }
+    QByteArray message(Case which) const
+    {
+        switch (which) {
+        case SameCard:
+            return message(1);
+        case OtherCard:
+            return "alarm(QDateTime,int)" + otherUid.toLatin1();
+        case NoReminder:
+            return message(2);
+        case UnknownUid:
+            return "alarm(QDateTime,int)0badc0de";
+        default:
+            return message(0);
+        }
+    }
+    void deliver(const QByteArray &msg) { dialog.appMessage(msg, QByteArray()); }
+};
+
+// Answers the alert screen and then the list once each is up, as the user would.
+struct Answers {
+    QTimer poll;
+    Answers(AlertDialog &dialog, const std::function<void(Alert *)> &onAlert,
+        const std::function<void(AlertDialog *)> &onList)
+    {
+        poll.setInterval(10);
+        QObject::connect(&poll, &QTimer::timeout, [&dialog, onAlert, onList] {
+            Alert *alert = dialog.runningAlert();
+            if (alert && alert->isVisible() && !alert->property("answered").toBool()) {
+                alert->setProperty("answered", true);
+                onAlert(alert);
+            } else if (dialog.isListing() && dialog.isVisible()) {
+                onList(&dialog);
+            }
+        });
+        poll.start();
+    }
+};
+
+template <class T> void pressButton(T *dialog, const QString &text)
+{
+    const auto buttons = dialog->template findChildren<QPushButton *>();
+    for (QPushButton *button : buttons)
+        if (button->text() == text && button->isVisible())
+            return QTest::mouseClick(button, Qt::LeftButton);
+    QFAIL(qPrintable(QStringLiteral("no button ") + text));
+}
+} // namespace
+
+void TestAlertDialog::initTestCase()
+{
+    // A day with a change to summer time at 2:00.
+    qputenv("TZ", "Europe/Berlin");
+}
+
+void TestAlertDialog::arrivingAlarm_data()
+{
+    QTest::addColumn<int>("state");
+    QTest::addColumn<int>("which");
+    QTest::addColumn<int>("rows");
+    QTest::addColumn<int>("pending");
+    QTest::addColumn<int>("plays");
+    QTest::addColumn<int>("freed");
+    const char *states[] = { "idle", "alerting", "listing" };
+    const char *cases[] = { "same card", "other card", "editor busy", "no reminder", "unknown" };
+    // rows, pending, plays, freed for each state and case at the moment of the check.
+    const int expected[3][5][4] = {
+        { { 1, 0, 1, 0 }, { 1, 0, 1, 0 }, { 0, 1, 0, 0 }, { 0, 0, 0, 0 }, { 0, 0, 0, 0 } },
+        { { 2, 0, 2, 0 }, { 1, 1, 1, 1 }, { 1, 1, 1, 0 }, { 1, 0, 1, 0 }, { 1, 0, 1, 0 } },
+        { { 2, 0, 1, 0 }, { 1, 1, 1, 1 }, { 1, 1, 1, 0 }, { 1, 0, 1, 0 }, { 1, 0, 1, 0 } },
+    };
+    for (int s = 0; s < 3; ++s)
+        for (int c = 0; c < 5; ++c) {
+            const int *e = expected[s][c];
+            QTest::addRow("%s, %s", states[s], cases[c]) << s << c << e[0] << e[1] << e[2] << e[3];
+        }
+}
+
+void TestAlertDialog::arrivingAlarm()
+{
+    QFETCH(int, state);
+    QFETCH(int, which);
+    Window w;
+    bool checked = false;
+    auto snapshot = [&] {
+        checked = true;
+        QTEST(w.dialog.list()->itemCount(), "rows");
+        QTEST(int(w.dialog.pendingMessages().size()), "pending");
+        QCOMPARE(w.dialog.isRetrying(), w.dialog.pendingMessages().size() > 0);
+        QTEST(w.plays, "plays");
+        QTEST(w.freed, "freed");
+    };
+    auto arrive = [&] {
+        w.busy = which == EditorBusy;
+        w.deliver(w.message(Case(which)));
+        w.busy = false;
+        if (!checked)
+            snapshot();
+    };
+    Answers answers(
+        w.dialog,
+        [&](Alert *alert) {
+            if (state == Alerting)
+                arrive();
+            else if (state == Idle)
+                snapshot();
+            pressButton(alert, QStringLiteral("Ok"));
+        },
+        [&](AlertDialog *dialog) {
+            if (state == Listing)
+                arrive();
+            QTest::mouseClick(
+                dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Close),
+                Qt::LeftButton);
+        });
+    if (state == Idle)
+        arrive();
+    else
+        w.deliver(w.message(0));
+    QVERIFY(checked);
+    // Closed, the list holds nothing and no card it borrowed is left over.
+    QCOMPARE(w.dialog.shownManager(), nullptr);
+    QCOMPARE(w.dialog.list()->itemCount(), 0);
+    QCOMPARE(w.freed, which == OtherCard ? 1 : 0);
+}
+
+void TestAlertDialog::snoozeMoment_data()
+{
+    QTest::addColumn<QDateTime>("now");
+    QTest::addColumn<int>("choice");
+    QTest::addColumn<QDateTime>("moment");
+    const QDate day(2030, 6, 10);
+    const QDateTime now(day, QTime(12, 34, 56, 789));
+    const QTime expected[] = { QTime(12, 39, 56), QTime(12, 44, 56), QTime(12, 49, 56),
+        QTime(13, 4, 56), QTime(13, 34, 56), QTime(15, 34, 56), QTime(18, 34, 56) };
+    const QStringList labels = AlertDialog::snoozeChoices();
+    for (int choice = 0; choice < AlertDialog::OneDay; ++choice)
+        QTest::newRow(qPrintable(labels.at(choice)))
+            << now << choice << QDateTime(day, expected[choice]);
+    QTest::newRow("1 day") << now << int(AlertDialog::OneDay)
+                           << QDateTime(day.addDays(1), QTime(12, 34, 56));
+    // Clocks go from 2:00 to 3:00: hours are elapsed time, a day keeps the clock time.
+    const QDate change(2030, 3, 31);
+    const QDateTime early(change, QTime(1, 30, 15));
+    QTest::newRow("1 hour over the change")
+        << early << int(AlertDialog::OneHour) << QDateTime(change, QTime(3, 30, 15));
+    QTest::newRow("6 hours over the change")
+        << early << int(AlertDialog::SixHours) << QDateTime(change, QTime(8, 30, 15));
+    QTest::newRow("1 day over the change")
+        << early << int(AlertDialog::OneDay) << QDateTime(change.addDays(1), QTime(1, 30, 15));
+}
+
+void TestAlertDialog::snoozeMoment()
+{
+    QFETCH(QDateTime, now);
+    QFETCH(int, choice);
+    QTEST(AlertDialog::snoozeMoment(now, choice), "moment");
+}
+
+void TestAlertDialog::buttons_data()
+{
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<int>("rowsLeft");
+    QTest::addColumn<int>("remindersLeft");
+    QTest::addColumn<int>("alarmsLeft");
+    QTest::addColumn<int>("edits");
+    QTest::addColumn<bool>("firstAlarm");
+    // Two reminders of the open card listed, the first row current; one more in another card.
+    QTest::newRow("Snooze") << "Snooze" << 1 << 2 << 3 << 0 << true;
+    QTest::newRow("Dismiss") << "Dismiss" << 1 << 1 << 2 << 0 << false;
+    QTest::newRow("Dismiss All") << "Dismiss All" << 0 << 0 << 1 << 0 << false;
+    QTest::newRow("Open") << "Open" << 2 << 2 << 3 << 1 << true;
+}
+
+void TestAlertDialog::buttons()
+{
+    QFETCH(QString, button);
+    Window w;
+    int edits = 0;
+    QObject::connect(&w.dialog, &AlertDialog::editTask, [&edits](DataRecord *) { ++edits; });
+    const QDateTime before = static_cast<DataRecord *>(w.open->view().at(0))->reminder()->dateTime;
+    Answers answers(
+        w.dialog,
+        [&](Alert *alert) {
+            w.deliver(w.message(1));
+            pressButton(alert, QStringLiteral("Ok"));
+        },
+        [&](AlertDialog *dialog) {
+            static_cast<QTreeWidget *>(dialog->list())
+                ->setCurrentItem(dialog->list()->itemAtRow(0));
+            pressButton(dialog, button);
+            QTEST(dialog->list()->itemCount(), "rowsLeft");
+            if (dialog->isVisible())
+                QTest::keyClick(dialog, Qt::Key_Escape);
+        });
+    w.deliver(w.message(0));
+    QVERIFY(!w.dialog.isVisible());
+    int reminders = 0;
+    for (PIMRecord *record : w.open->view())
+        reminders += static_cast<DataRecord *>(record)->hasReminder();
+    QTEST(reminders, "remindersLeft");
+    AlarmTable table;
+    QTEST(int(table.alarms().size()), "alarmsLeft");
+    QTEST(edits, "edits");
+    const auto *first = static_cast<DataRecord *>(w.open->view().at(0))->reminder();
+    const bool alarmed = std::any_of(
+        table.alarms().cbegin(), table.alarms().cend(), [&](const AlarmTable::Alarm &alarm) {
+            return first && alarm.message == w.message(0) && alarm.when == first->dateTime;
+        });
+    QTEST(alarmed, "firstAlarm");
+    // Snoozed five minutes from now, the seconds of now kept.
+    if (button == QLatin1String("Snooze"))
+        QVERIFY(qAbs(first->dateTime.secsTo(QDateTime::currentDateTime().addSecs(300))) <= 2
+            && first->dateTime != before);
+}
+
+QTEST_MAIN(TestAlertDialog)
+#include "testalertdialog.moc"
