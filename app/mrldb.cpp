@@ -23,6 +23,8 @@
 #include "reminders/reminder.h"
 #include "store/dbmanager.h"
 #include "store/dbrecord.h"
+#include "views/filtereditordialog.h"
+#include "views/filterlistdialog.h"
 #include "views/listview.h"
 
 #include <QApplication>
@@ -226,6 +228,8 @@ void MRLDB::setRecordActionsEnabled(bool enabled)
 {
     for (const char *name : { "edit", "clone", "delete", "report" })
         action(QString::fromLatin1(name))->setEnabled(enabled);
+    filterButton->setEnabled(enabled);
+    sortButton->setEnabled(enabled);
 }
 
 void MRLDB::selected(PIMRecord *record)
@@ -311,6 +315,15 @@ bool MRLDB::event(QEvent *event)
 {
     if (event->type() == QEvent::Type(ReopenCardEvent)) {
         openCard(manager ? manager->fullPath() : QString());
+        return true;
+    }
+    if (event->type() == QEvent::Type(SortEvent)) {
+        if (manager)
+            manager->setSort(pendingSortColumn, pendingSortOrder);
+        return true;
+    }
+    if (event->type() == QEvent::Type(FilterMenuEvent)) {
+        setupFilters();
         return true;
     }
     return MRLMainWindow::event(event);
@@ -399,6 +412,9 @@ void MRLDB::showCard(DataManager *card, const QString &title)
     const QList<FieldDef> fields = manager->fields();
     recordList->bind(manager, fields, manager->currentColumns());
     setCardActionsEnabled(true);
+    setupFilters();
+    setupSorting();
+    connect(manager, &PIMManager::updated, this, &MRLDB::setupSorting, Qt::UniqueConnection);
 
     const bool hasMemo = std::any_of(fields.cbegin(), fields.cend(),
         [](const FieldDef &field) { return field.type == FieldDef::Memo; });
@@ -855,8 +871,9 @@ void MRLDB::getTask(DataRecord **result, const QString &uid)
 bool MRLDB::modalDialogRunning()
 {
     const QWidgetList windows = QApplication::topLevelWidgets();
-    return std::any_of(windows.cbegin(), windows.cend(),
-        [](const QWidget *window) { return window->isVisible() && qobject_cast<const QDialog *>(window); });
+    return std::any_of(windows.cbegin(), windows.cend(), [](const QWidget *window) {
+        return window->isVisible() && qobject_cast<const QDialog *>(window);
+    });
 }
 
 void MRLDB::setDocument(const QString &file)
@@ -891,4 +908,130 @@ void MRLDB::handTextToEditor(const QString &file)
     }
     QDesktopServices::openUrl(QUrl::fromLocalFile(file));
     QTimer::singleShot(1000, qApp, &QCoreApplication::quit);
+}
+
+// ---- Filters and find ---------------------------------------------------------------------
+
+namespace
+{
+// The filter menu names its first filters; a later one only while it is current.
+constexpr int filterMenuEntries = 5;
+} // namespace
+
+void MRLDB::setupFilters()
+{
+    filterMenu->clear();
+    if (!manager)
+        return;
+    const int current = manager->currentFilter();
+    QAction *find = filterMenu->addAction(
+        loadIconSet(QStringLiteral("viewmag")), dialogText(tr("Find Records")), this, &MRLDB::find);
+    find->setCheckable(true);
+    find->setChecked(current == -2);
+    filterMenu->addSeparator();
+    filterMenu->addAction(loadIconSet(QStringLiteral("filenew")), dialogText(tr("New Filter")),
+        this, &MRLDB::newFilter);
+    filterMenu->addAction(loadIconSet(QStringLiteral("package_utilities")),
+        dialogText(tr("Edit Filters")), this, &MRLDB::editFilters);
+    filterMenu->addSeparator();
+    addFilterEntry(tr("All Records"), 0, current == -1);
+    const QList<FilterDef> filters = manager->filters();
+    if (!filters.isEmpty())
+        filterMenu->addSeparator();
+    for (int i = 0; i < std::min<int>(filterMenuEntries, filters.size()); ++i)
+        addFilterEntry(filters.at(i).title, i + 1, current == i);
+    if (current >= filterMenuEntries && current < filters.size()) {
+        filterMenu->addSeparator();
+        addFilterEntry(filters.at(current).title, -1, true);
+    }
+}
+
+QAction *MRLDB::addFilterEntry(const QString &title, int id, bool checked)
+{
+    QAction *entry = filterMenu->addAction(loadIconSet(QStringLiteral("viewmag")), title);
+    entry->setData(id);
+    entry->setCheckable(true);
+    entry->setChecked(checked);
+    connect(entry, &QAction::triggered, this, [this, id] { changeFilter(id); });
+    return entry;
+}
+
+void MRLDB::changeFilter(int id)
+{
+    if (id < 0 || !manager)
+        return;
+    manager->setCurrentFilter(id - 1);
+    QCoreApplication::postEvent(this, new QEvent(QEvent::Type(FilterMenuEvent)));
+}
+
+void MRLDB::find()
+{
+    if (!manager)
+        return;
+    FilterEditorDialog editor(manager, FilterEditorDialog::Find, this);
+    if (editor.exec() != QDialog::Accepted)
+        return;
+    editor.apply();
+    QCoreApplication::postEvent(this, new QEvent(QEvent::Type(FilterMenuEvent)));
+}
+
+void MRLDB::newFilter()
+{
+    if (!manager)
+        return;
+    FilterEditorDialog editor(manager, FilterEditorDialog::NewFilter, this);
+    if (editor.exec() != QDialog::Accepted)
+        return;
+    editor.apply();
+    manager->setCurrentFilter(int(manager->filters().size()) - 1);
+    QCoreApplication::postEvent(this, new QEvent(QEvent::Type(FilterMenuEvent)));
+}
+
+void MRLDB::editFilters()
+{
+    if (!manager)
+        return;
+    {
+        FilterListDialog dialog(manager, this);
+        dialog.exec();
+    }
+    QCoreApplication::postEvent(this, new QEvent(QEvent::Type(FilterMenuEvent)));
+}
+
+// ---- Sorting ------------------------------------------------------------------------------
+
+void MRLDB::setupSorting()
+{
+    sortMenu->clear();
+    if (!manager)
+        return;
+    const int column = manager->sortColumn();
+    auto addEntry = [this](const QString &title, int id, bool checked) {
+        QAction *entry = sortMenu->addAction(title);
+        entry->setData(id);
+        entry->setCheckable(true);
+        entry->setChecked(checked);
+        connect(entry, &QAction::triggered, this, [this, id] { changeSorting(id); });
+    };
+    addEntry(tr("Unsorted"), 0, column == -1);
+    sortMenu->addSeparator();
+    addEntry(tr("Reversed"), 1, !manager->sortOrder());
+    sortMenu->addSeparator();
+    const QList<FieldDef> &fields = manager->fieldList();
+    for (int i = 0; i < fields.size(); ++i)
+        addEntry(fields.at(i).title, i + 2, column == i);
+}
+
+// The sort is applied once the menu has gone, by event.
+void MRLDB::changeSorting(int id)
+{
+    if (!manager)
+        return;
+    pendingSortColumn = manager->sortColumn();
+    pendingSortOrder = manager->sortOrder();
+    if (id == 1)
+        pendingSortOrder = !pendingSortOrder;
+    else
+        pendingSortColumn = id == 0 ? -1 : id - 2;
+    QCoreApplication::postEvent(this, new QEvent(QEvent::Type(SortEvent)));
 }
