@@ -23,9 +23,11 @@
 #include "reminders/reminder.h"
 #include "store/dbmanager.h"
 #include "store/dbrecord.h"
+#include "views/columnsetup.h"
 #include "views/filtereditordialog.h"
 #include "views/filterlistdialog.h"
 #include "views/listview.h"
+#include "views/viewlistdialog.h"
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -229,6 +231,7 @@ void MRLDB::setRecordActionsEnabled(bool enabled)
     for (const char *name : { "edit", "clone", "delete", "report" })
         action(QString::fromLatin1(name))->setEnabled(enabled);
     filterButton->setEnabled(enabled);
+    viewButton->setEnabled(enabled);
     sortButton->setEnabled(enabled);
 }
 
@@ -314,7 +317,7 @@ void MRLDB::writeOptions()
 bool MRLDB::event(QEvent *event)
 {
     if (event->type() == QEvent::Type(ReopenCardEvent)) {
-        openCard(manager ? manager->fullPath() : QString());
+        reopenCard();
         return true;
     }
     if (event->type() == QEvent::Type(SortEvent)) {
@@ -413,6 +416,7 @@ void MRLDB::showCard(DataManager *card, const QString &title)
     recordList->bind(manager, fields, manager->currentColumns());
     setCardActionsEnabled(true);
     setupFilters();
+    setupViews();
     setupSorting();
     connect(manager, &PIMManager::updated, this, &MRLDB::setupSorting, Qt::UniqueConnection);
 
@@ -914,8 +918,8 @@ void MRLDB::handTextToEditor(const QString &file)
 
 namespace
 {
-// The filter menu names its first filters; a later one only while it is current.
-constexpr int filterMenuEntries = 5;
+// The filter and view menus name the first entries; a later one only while it is current.
+constexpr int namedMenuEntries = 5;
 } // namespace
 
 void MRLDB::setupFilters()
@@ -938,9 +942,9 @@ void MRLDB::setupFilters()
     const QList<FilterDef> filters = manager->filters();
     if (!filters.isEmpty())
         filterMenu->addSeparator();
-    for (int i = 0; i < std::min<int>(filterMenuEntries, filters.size()); ++i)
+    for (int i = 0; i < std::min<int>(namedMenuEntries, filters.size()); ++i)
         addFilterEntry(filters.at(i).title, i + 1, current == i);
-    if (current >= filterMenuEntries && current < filters.size()) {
+    if (current >= namedMenuEntries && current < filters.size()) {
         filterMenu->addSeparator();
         addFilterEntry(filters.at(current).title, -1, true);
     }
@@ -1034,4 +1038,85 @@ void MRLDB::changeSorting(int id)
     else
         pendingSortColumn = id == 0 ? -1 : id - 2;
     QCoreApplication::postEvent(this, new QEvent(QEvent::Type(SortEvent)));
+}
+
+// ---- Views --------------------------------------------------------------------------------
+
+void MRLDB::setupViews()
+{
+    viewMenu->clear();
+    if (!manager)
+        return;
+    viewMenu->addAction(
+        loadIconSet(QStringLiteral("filenew")), dialogText(tr("New View")), this, &MRLDB::newView);
+    viewMenu->addAction(loadIconSet(QStringLiteral("package_utilities")),
+        dialogText(tr("Edit Views")), this, &MRLDB::editViews);
+    viewMenu->addSeparator();
+    const int current = manager->currentView();
+    addViewEntry(tr("Default"), 0, current == -1);
+    const QList<ViewDef> views = manager->views();
+    if (!views.isEmpty())
+        viewMenu->addSeparator();
+    for (int i = 0; i < std::min<int>(namedMenuEntries, views.size()); ++i)
+        addViewEntry(views.at(i).title, i + 1, current == i);
+    if (current >= namedMenuEntries && current < views.size()) {
+        viewMenu->addSeparator();
+        addViewEntry(views.at(current).title, -1, true);
+    }
+}
+
+void MRLDB::addViewEntry(const QString &title, int id, bool checked)
+{
+    QAction *entry = viewMenu->addAction(loadIconSet(QStringLiteral("view_detailed")), title);
+    entry->setData(id);
+    entry->setCheckable(true);
+    entry->setChecked(checked);
+    connect(entry, &QAction::triggered, this, [this, id] { changeView(id); });
+}
+
+void MRLDB::changeView(int id)
+{
+    if (id < 0 || !manager)
+        return;
+    manager->setCurrentView(id - 1);
+    QCoreApplication::postEvent(this, new QEvent(QEvent::Type(ReopenCardEvent)));
+}
+
+void MRLDB::newView()
+{
+    if (!manager)
+        return;
+    ColumnSetup setup(manager, -1, this);
+    if (setup.exec() != QDialog::Accepted)
+        return;
+    setup.apply();
+    manager->setCurrentView(int(manager->views().size()) - 1);
+    QCoreApplication::postEvent(this, new QEvent(QEvent::Type(ReopenCardEvent)));
+}
+
+void MRLDB::editViews()
+{
+    if (!manager)
+        return;
+    {
+        ViewListDialog dialog(manager, this);
+        dialog.exec();
+    }
+    QCoreApplication::postEvent(this, new QEvent(QEvent::Type(ReopenCardEvent)));
+}
+
+// The columns of a view are set when a card opens: the card opens again, on the same record.
+void MRLDB::reopenCard()
+{
+    const PIMRecord *current = recordList->currentTask();
+    const QString uid = current ? current->uidString() : QString();
+    openCard(manager ? manager->fullPath() : QString());
+    if (!manager || uid.isEmpty())
+        return;
+    for (PIMRecord *record : manager->view()) {
+        if (record->uidString() == uid) {
+            recordList->showRecord(record);
+            return;
+        }
+    }
 }

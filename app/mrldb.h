@@ -96,6 +96,13 @@ public Q_SLOTS:
     // filter past the fifth, which is chosen already.
     void changeFilter(int id);
 
+    // The view menu: "Default" 0, the first views 1 to 5; a negative id is the entry of the
+    // current view past the fifth. A change of view reopens the card.
+    void setupViews();
+    void changeView(int id);
+    void newView();
+    void editViews();
+
     // The sort menu: "Unsorted" 0, "Reversed" 1, then the fields from 2 on.
     void setupSorting();
     void changeSorting(int id);
@@ -118,6 +125,8 @@ private:
     void createRecordList();
     void setupFilters();
     QAction *addFilterEntry(const QString &title, int id, bool checked);
+    void addViewEntry(const QString &title, int id, bool checked);
+    void reopenCard();
     void closeCard();
     QString firstAvailableCard() const;
     void setCardSetting(const QString &path);

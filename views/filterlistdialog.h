@@ -1,16 +1,10 @@
 #ifndef FILTERLISTDIALOG_H
 #define FILTERLISTDIALOG_H
 
-#include <QDialog>
+#include "views/namedlistdialog.h"
 
-class DataManager;
-class QPushButton;
-class QTreeWidget;
-
-// The list of a card's filters: new, edit, remove, sort and move them, and select one.
-// The dialog works on its rows; the card's list follows them in doUpdate, which runs
-// before a new filter is made and when the dialog goes.
-class FilterListDialog : public QDialog
+// The list of a card's filters.
+class FilterListDialog : public NamedListDialog
 {
     Q_OBJECT
 
@@ -19,38 +13,12 @@ public:
         DataManager *manager, QWidget *parent = nullptr, const char *name = nullptr);
     ~FilterListDialog() override;
 
-public Q_SLOTS:
-    void doUpdate();
-    void doNew();
-    void doEdit();
-    void doRemove();
-    void doUp();
-    void doDown();
-    void sort();
-    void doSelect();
-
-private Q_SLOTS:
-    void currentChanged();
-
-private:
-    void buildWidgets();
-    QPushButton *addButton(const char *name, const QString &icon, const QString &tip);
-    void fillRows();
-    int currentRow() const;
-    void moveCurrent(int by);
-
-    DataManager *manager;
-    QTreeWidget *list = nullptr;
-    QPushButton *btnNew = nullptr;
-    QPushButton *btnEdit = nullptr;
-    QPushButton *btnRemove = nullptr;
-    QPushButton *btnSort = nullptr;
-    QPushButton *btnUp = nullptr;
-    QPushButton *btnDown = nullptr;
-    QPushButton *btnSelect = nullptr;
-    QPushButton *btnClose = nullptr;
-    bool changed = false;
-    bool selectedFlag = false;
+protected:
+    QStringList titles() const override;
+    void reorder(const QList<int> &positions) override;
+    void makeCurrent(int index) override;
+    bool edit(int index) override;
+    QString removeQuestion(const QString &title) const override;
 };
 
 #endif

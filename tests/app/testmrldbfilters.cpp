@@ -1,8 +1,10 @@
 #include "app/mrldb.h"
 #include "app/resourceicons.h"
 #include "card/datamanager.h"
+#include "store/dbmanager.h"
 #include "support/testcard.h"
 #include "support/testhome.h"
+#include "views/listview.h"
 
 #include <QMenu>
 #include <QToolButton>
@@ -20,6 +22,9 @@ private Q_SLOTS:
     void choosingEntryRebuildsMenu();
     void sortEntries_data();
     void sortEntries();
+    void viewEntries_data();
+    void viewEntries();
+    void viewChangeReopensOnSameRecord();
 
 private:
     static DataManager *openWithFilters(MRLDB &window, const TestHome &home, int count);
@@ -180,6 +185,79 @@ void TestMRLDBFilters::sortEntries()
     QTEST(choices(menu), "entries");
     QTEST(card->sortColumn(), "column");
     QTEST(card->sortOrder(), "ascending");
+}
+
+void TestMRLDBFilters::viewEntries_data()
+{
+    QTest::addColumn<int>("count");
+    QTest::addColumn<int>("current");
+    QTest::addColumn<QStringList>("entries");
+    const QStringList five { "v0 1", "v1 2", "v2 3", "v3 4", "v4 5" };
+    QTest::newRow("no views") << 0 << -1 << QStringList { "Default 0*" };
+    QTest::newRow("five, the third current")
+        << 5 << 2 << QStringList { "Default 0", "v0 1", "v1 2", "v2 3*", "v3 4", "v4 5" };
+    QTest::newRow("seven, default") << 7 << -1 << QStringList { "Default 0*" } + five;
+    QTest::newRow("seven, the seventh current")
+        << 7 << 6 << QStringList { "Default 0" } + five + QStringList { "v6 -1*" };
+}
+
+void TestMRLDBFilters::viewEntries()
+{
+    QFETCH(int, count);
+    QFETCH(int, current);
+    TestHome home;
+    MRLDB window;
+    DataManager *card = openWithFilters(window, home, 0);
+    QList<ViewDef> views(count);
+    for (int i = 0; i < count; ++i)
+        views[i].title = QStringLiteral("v%1").arg(i);
+    card->setViews(views);
+    card->setCurrentView(current);
+    window.setupViews();
+    QTEST(choices(toolMenu(window, QStringLiteral("View"))), "entries");
+}
+
+// The card opens again with the view's columns, on the record that was current; a running
+// find does not outlive it.
+void TestMRLDBFilters::viewChangeReopensOnSameRecord()
+{
+    TestHome home;
+    const QString path = home.documents() + QStringLiteral("/Books.card");
+    {
+        QStringList names;
+        for (int i = 0; i < 40; ++i)
+            names << QStringLiteral("r%1").arg(i, 3, 10, QLatin1Char('0'));
+        auto card = testCard(path,
+            { testField(FieldDef::String, "Name"), testField(FieldDef::Integer, "N") }, names);
+        ViewDef view;
+        view.title = QStringLiteral("Names");
+        view.columns = { 0 };
+        card->setViews({ view });
+        card->forceSave();
+        DBManager list(false);
+        list.load();
+        list.addCard(path);
+    }
+    MRLDB window;
+    window.openCard(path);
+    FilterDef find;
+    find.conditions << FilterCondition();
+    find.conditions.first().text = QStringLiteral("r02");
+    window.openedCard()->setAdHocFilter(find);
+    PIMRecord *wanted = window.openedCard()->view().at(7);
+    const QString uid = wanted->uidString();
+    window.records()->showRecord(wanted);
+    QCOMPARE(window.records()->currentTask(), wanted);
+
+    trigger(toolMenu(window, QStringLiteral("View")), 1);
+    QCoreApplication::sendPostedEvents(&window);
+    DataManager *reopened = window.openedCard();
+    QVERIFY(reopened);
+    QCOMPARE(reopened->currentView(), 0);
+    QCOMPARE(reopened->currentColumns(), QList<int> { 0 });
+    QCOMPARE(reopened->currentFilter(), -1);
+    QVERIFY(window.records()->currentTask());
+    QCOMPARE(window.records()->currentTask()->uidString(), uid);
 }
 
 QTEST_MAIN(TestMRLDBFilters)
