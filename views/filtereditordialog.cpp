@@ -94,6 +94,8 @@ FilterEditorDialog::FilterEditorDialog(
         connect(cond, &QComboBox::currentIndexChanged, this, &FilterEditorDialog::scheduleCount);
         watchValue();
         scheduleCount();
+        // Find is for typing at once.
+        valBase->findChild<QWidget *>(valueName)->setFocus();
     }
 }
 
