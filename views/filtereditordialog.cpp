@@ -8,6 +8,7 @@
 #include "lib/qt/mltimeedit.h"
 
 #include <QComboBox>
+#include <QDateTimeEdit>
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
@@ -407,10 +408,21 @@ void FilterEditorDialog::currentRowChanged()
     btnRemove->setEnabled(list->currentItem() != nullptr);
 }
 
+// Every kind of value widget counts again when its value changes.
 void FilterEditorDialog::watchValue()
 {
-    if (auto *edit = valBase->findChild<QLineEdit *>(valueName))
-        connect(edit, &QLineEdit::textChanged, this, &FilterEditorDialog::scheduleCount);
+    for (QWidget *widget : valBase->findChildren<QWidget *>()) {
+        if (auto *edit = qobject_cast<QLineEdit *>(widget))
+            connect(edit, &QLineEdit::textChanged, this, &FilterEditorDialog::scheduleCount);
+        else if (auto *spin = qobject_cast<QSpinBox *>(widget))
+            connect(spin, &QSpinBox::valueChanged, this, &FilterEditorDialog::scheduleCount);
+        else if (auto *combo = qobject_cast<QComboBox *>(widget))
+            connect(
+                combo, &QComboBox::currentIndexChanged, this, &FilterEditorDialog::scheduleCount);
+        else if (auto *moment = qobject_cast<QDateTimeEdit *>(widget))
+            connect(
+                moment, &QDateTimeEdit::dateTimeChanged, this, &FilterEditorDialog::scheduleCount);
+    }
 }
 
 void FilterEditorDialog::scheduleCount()
