@@ -262,9 +262,12 @@ void TestFilterEditorDialog::listUpdate()
         list->setCurrentItem(list->topLevelItem(1));
         dialog.show();
         QVERIFY(QTest::qWaitForWindowExposed(&dialog));
-        whenShown<MRLDialog>([](MRLDialog *box) {
-            box->findChild<QPushButton *>(QStringLiteral("button1"))->click();
-        });
+        // Yes to the removal question; the watch goes with the dialog where none comes.
+        whenShown<MRLDialog>(
+            [](MRLDialog *box) {
+                box->findChild<QPushButton *>(QStringLiteral("button1"))->click();
+            },
+            &dialog);
         for (const QString &step : steps.split(' ')) {
             if (step == QLatin1String("escape"))
                 QTest::keyClick(&dialog, Qt::Key_Escape);
