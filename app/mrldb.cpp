@@ -28,9 +28,13 @@
 #include "reminders/reminder.h"
 #include "store/dbmanager.h"
 #include "store/dbrecord.h"
+#include "views/columnsetup.h"
+#include "views/filtereditordialog.h"
+#include "views/filterlistdialog.h"
 #include "views/listview.h"
 #include "views/optionsdialog.h"
 #include "views/reportviewdialog.h"
+#include "views/viewlistdialog.h"
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -41,6 +45,7 @@
 #include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QScreen>
+#include <QShortcut>
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolBar>
@@ -237,6 +242,9 @@ void MRLDB::setRecordActionsEnabled(bool enabled)
 {
     for (const char *name : { "edit", "clone", "delete", "report" })
         action(QString::fromLatin1(name))->setEnabled(enabled);
+    filterButton->setEnabled(enabled);
+    viewButton->setEnabled(enabled);
+    sortButton->setEnabled(enabled);
 }
 
 void MRLDB::selected(PIMRecord *record)
@@ -322,7 +330,16 @@ void MRLDB::writeOptions()
 bool MRLDB::event(QEvent *event)
 {
     if (event->type() == QEvent::Type(ReopenCardEvent)) {
-        openCard(manager ? manager->fullPath() : QString());
+        reopenCard();
+        return true;
+    }
+    if (event->type() == QEvent::Type(SortEvent)) {
+        if (manager)
+            manager->setSort(pendingSortColumn, pendingSortOrder);
+        return true;
+    }
+    if (event->type() == QEvent::Type(FilterMenuEvent)) {
+        setupFilters();
         return true;
     }
     return MRLMainWindow::event(event);
@@ -432,6 +449,10 @@ void MRLDB::showCard(DataManager *card, const QString &title)
     const QList<FieldDef> fields = manager->fields();
     recordList->bind(manager, fields, manager->currentColumns());
     setCardActionsEnabled(true);
+    setupFilters();
+    setupViews();
+    setupSorting();
+    connect(manager, &PIMManager::updated, this, &MRLDB::setupSorting, Qt::UniqueConnection);
 
     const bool hasMemo = std::any_of(fields.cbegin(), fields.cend(),
         [](const FieldDef &field) { return field.type == FieldDef::Memo; });
@@ -1072,8 +1093,11 @@ void MRLDB::setDesktopShortcuts()
     action(QStringLiteral("db"))->setShortcut(QKeySequence::Open);
     action(QStringLiteral("delete"))->setShortcut(QKeySequence::Delete);
     action(QStringLiteral("Brightloom"))->setShortcut(QKeySequence::HelpContents);
-    // Finding starts from the filter menu.
-    filterButton->setShortcut(QKeySequence::Find);
+    // The find key opens the find dialog whenever the filter menu would offer it.
+    connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, this, [this] {
+        if (filterButton->isEnabled())
+            find();
+    });
 }
 
 // A first start takes four fifths of the screen, centred; later starts come back where
@@ -1107,4 +1131,210 @@ void MRLDB::writeWindowGeometry(Config &config) const
     config.writeEntry(QStringLiteral("width"), kept.width());
     config.writeEntry(QStringLiteral("height"), kept.height());
     config.writeEntry(QStringLiteral("maximized"), isMaximized());
+}
+// ---- Filters and find ---------------------------------------------------------------------
+
+namespace
+{
+// The filter and view menus name the first entries; a later one only while it is current.
+constexpr int namedMenuEntries = 5;
+} // namespace
+
+void MRLDB::setupFilters()
+{
+    filterMenu->clear();
+    if (!manager)
+        return;
+    const int current = manager->currentFilter();
+    QAction *find = filterMenu->addAction(
+        loadIconSet(QStringLiteral("viewmag")), dialogText(tr("Find Records")), this, &MRLDB::find);
+    find->setCheckable(true);
+    find->setChecked(current == -2);
+    filterMenu->addSeparator();
+    filterMenu->addAction(loadIconSet(QStringLiteral("filenew")), dialogText(tr("New Filter")),
+        this, &MRLDB::newFilter);
+    filterMenu->addAction(loadIconSet(QStringLiteral("package_utilities")),
+        dialogText(tr("Edit Filters")), this, &MRLDB::editFilters);
+    filterMenu->addSeparator();
+    addFilterEntry(tr("All Records"), 0, current == -1);
+    const QList<FilterDef> filters = manager->filters();
+    if (!filters.isEmpty())
+        filterMenu->addSeparator();
+    for (int i = 0; i < std::min<int>(namedMenuEntries, filters.size()); ++i)
+        addFilterEntry(filters.at(i).title, i + 1, current == i);
+    if (current >= namedMenuEntries && current < filters.size()) {
+        filterMenu->addSeparator();
+        addFilterEntry(filters.at(current).title, -1, true);
+    }
+}
+
+QAction *MRLDB::addFilterEntry(const QString &title, int id, bool checked)
+{
+    QAction *entry = filterMenu->addAction(loadIconSet(QStringLiteral("viewmag")), title);
+    entry->setData(id);
+    entry->setCheckable(true);
+    entry->setChecked(checked);
+    connect(entry, &QAction::triggered, this, [this, id] { changeFilter(id); });
+    return entry;
+}
+
+void MRLDB::changeFilter(int id)
+{
+    if (id < 0 || !manager)
+        return;
+    manager->setCurrentFilter(id - 1);
+    QCoreApplication::postEvent(this, new QEvent(QEvent::Type(FilterMenuEvent)));
+}
+
+void MRLDB::find()
+{
+    if (!manager)
+        return;
+    FilterEditorDialog editor(manager, FilterEditorDialog::Find, this);
+    if (editor.exec() != QDialog::Accepted)
+        return;
+    editor.apply();
+    QCoreApplication::postEvent(this, new QEvent(QEvent::Type(FilterMenuEvent)));
+}
+
+void MRLDB::newFilter()
+{
+    if (!manager)
+        return;
+    FilterEditorDialog editor(manager, FilterEditorDialog::NewFilter, this);
+    if (editor.exec() != QDialog::Accepted)
+        return;
+    editor.apply();
+    manager->setCurrentFilter(int(manager->filters().size()) - 1);
+    QCoreApplication::postEvent(this, new QEvent(QEvent::Type(FilterMenuEvent)));
+}
+
+void MRLDB::editFilters()
+{
+    if (!manager)
+        return;
+    {
+        FilterListDialog dialog(manager, this);
+        dialog.exec();
+    }
+    QCoreApplication::postEvent(this, new QEvent(QEvent::Type(FilterMenuEvent)));
+}
+
+// ---- Sorting ------------------------------------------------------------------------------
+
+void MRLDB::setupSorting()
+{
+    sortMenu->clear();
+    if (!manager)
+        return;
+    const int column = manager->sortColumn();
+    auto addEntry = [this](const QString &title, int id, bool checked) {
+        QAction *entry = sortMenu->addAction(title);
+        entry->setData(id);
+        entry->setCheckable(true);
+        entry->setChecked(checked);
+        connect(entry, &QAction::triggered, this, [this, id] { changeSorting(id); });
+    };
+    addEntry(tr("Unsorted"), 0, column == -1);
+    sortMenu->addSeparator();
+    addEntry(tr("Reversed"), 1, !manager->sortOrder());
+    sortMenu->addSeparator();
+    const QList<FieldDef> &fields = manager->fieldList();
+    for (int i = 0; i < fields.size(); ++i)
+        addEntry(fields.at(i).title, i + 2, column == i);
+}
+
+// The sort is applied once the menu has gone, by event.
+void MRLDB::changeSorting(int id)
+{
+    if (!manager)
+        return;
+    pendingSortColumn = manager->sortColumn();
+    pendingSortOrder = manager->sortOrder();
+    if (id == 1)
+        pendingSortOrder = !pendingSortOrder;
+    else
+        pendingSortColumn = id == 0 ? -1 : id - 2;
+    QCoreApplication::postEvent(this, new QEvent(QEvent::Type(SortEvent)));
+}
+
+// ---- Views --------------------------------------------------------------------------------
+
+void MRLDB::setupViews()
+{
+    viewMenu->clear();
+    if (!manager)
+        return;
+    viewMenu->addAction(
+        loadIconSet(QStringLiteral("filenew")), dialogText(tr("New View")), this, &MRLDB::newView);
+    viewMenu->addAction(loadIconSet(QStringLiteral("package_utilities")),
+        dialogText(tr("Edit Views")), this, &MRLDB::editViews);
+    viewMenu->addSeparator();
+    const int current = manager->currentView();
+    addViewEntry(tr("Default"), 0, current == -1);
+    const QList<ViewDef> views = manager->views();
+    if (!views.isEmpty())
+        viewMenu->addSeparator();
+    for (int i = 0; i < std::min<int>(namedMenuEntries, views.size()); ++i)
+        addViewEntry(views.at(i).title, i + 1, current == i);
+    if (current >= namedMenuEntries && current < views.size()) {
+        viewMenu->addSeparator();
+        addViewEntry(views.at(current).title, -1, true);
+    }
+}
+
+void MRLDB::addViewEntry(const QString &title, int id, bool checked)
+{
+    QAction *entry = viewMenu->addAction(loadIconSet(QStringLiteral("view_detailed")), title);
+    entry->setData(id);
+    entry->setCheckable(true);
+    entry->setChecked(checked);
+    connect(entry, &QAction::triggered, this, [this, id] { changeView(id); });
+}
+
+void MRLDB::changeView(int id)
+{
+    if (id < 0 || !manager)
+        return;
+    manager->setCurrentView(id - 1);
+    QCoreApplication::postEvent(this, new QEvent(QEvent::Type(ReopenCardEvent)));
+}
+
+void MRLDB::newView()
+{
+    if (!manager)
+        return;
+    ColumnSetup setup(manager, -1, this);
+    if (setup.exec() != QDialog::Accepted)
+        return;
+    setup.apply();
+    manager->setCurrentView(int(manager->views().size()) - 1);
+    QCoreApplication::postEvent(this, new QEvent(QEvent::Type(ReopenCardEvent)));
+}
+
+void MRLDB::editViews()
+{
+    if (!manager)
+        return;
+    {
+        ViewListDialog dialog(manager, this);
+        dialog.exec();
+    }
+    QCoreApplication::postEvent(this, new QEvent(QEvent::Type(ReopenCardEvent)));
+}
+
+// The columns of a view are set when a card opens: the card opens again, on the same record.
+void MRLDB::reopenCard()
+{
+    const PIMRecord *current = recordList->currentTask();
+    const QString uid = current ? current->uidString() : QString();
+    openCard(manager ? manager->fullPath() : QString());
+    if (!manager || uid.isEmpty())
+        return;
+    for (PIMRecord *record : manager->view()) {
+        if (record->uidString() == uid) {
+            recordList->showRecord(record);
+            return;
+        }
+    }
 }

@@ -30,6 +30,10 @@ public:
     // Posted to open the current card anew once a running dialog has closed, which is how
     // a change of its view's columns takes effect.
     enum { ReopenCardEvent = 1003 };
+    // Posted to fill the filter menu anew once the command that changed the filters ends.
+    enum { FilterMenuEvent = 1001 };
+    // Posted to apply the sort chosen in the sort menu once the menu has closed.
+    enum { SortEvent = 1002 };
 
     explicit MRLDB(QWidget *parent = nullptr);
     // Writes the options.
@@ -95,6 +99,25 @@ public Q_SLOTS:
     // text file is offered to the text editor.
     void setDocument(const QString &file);
 
+    // The filter menu: find, new and edited filters, and the choice of the current one.
+    void find();
+    void newFilter();
+    void editFilters();
+    // 0 for all records, n for the n-th filter; a negative id is the entry of the current
+    // filter past the fifth, which is chosen already.
+    void changeFilter(int id);
+
+    // The view menu: "Default" 0, the first views 1 to 5; a negative id is the entry of the
+    // current view past the fifth. A change of view reopens the card.
+    void setupViews();
+    void changeView(int id);
+    void newView();
+    void editViews();
+
+    // The sort menu: "Unsorted" 0, "Reversed" 1, then the fields from 2 on.
+    void setupSorting();
+    void changeSorting(int id);
+
 protected:
     bool event(QEvent *event) override;
     void showEvent(QShowEvent *event) override;
@@ -112,6 +135,10 @@ private:
     void connectCardActions();
     void setCardActionsEnabled(bool enabled);
     void createRecordList();
+    void setupFilters();
+    QAction *addFilterEntry(const QString &title, int id, bool checked);
+    void addViewEntry(const QString &title, int id, bool checked);
+    void reopenCard();
     void closeCard();
     QString saveForTransfer(bool close);
     QString firstAvailableCard() const;
@@ -160,6 +187,8 @@ private:
     QMenu *viewMenu = nullptr;
     QToolButton *sortButton = nullptr;
     QMenu *sortMenu = nullptr;
+    int pendingSortColumn = -1;
+    bool pendingSortOrder = true;
     bool editing = false;
 };
 

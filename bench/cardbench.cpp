@@ -4,10 +4,11 @@
 #include "card/datarecord.h"
 #include "views/filterdef.h"
 
-#include <memory>
 #include <malloc.h>
+#include <memory>
 
-namespace {
+namespace
+{
 std::unique_ptr<DataManager> loaded(const QString &path)
 {
     auto card = std::make_unique<DataManager>(path);
@@ -24,7 +25,9 @@ qint64 heapBytesInUse()
 } // namespace
 
 CardBench::CardBench(const QString &path, const QString &scratchFolder, int runs)
-    : m_path(path), m_scratch(scratchFolder + QStringLiteral("/saved.card")), m_stopwatch(runs)
+    : m_path(path)
+    , m_scratch(scratchFolder + QStringLiteral("/saved.card"))
+    , m_stopwatch(runs)
 {
 }
 
@@ -52,8 +55,7 @@ double CardBench::save() const
 double CardBench::sortBy(int column) const
 {
     auto card = loaded(m_path);
-    return m_stopwatch.best([&] { card->setSort(column, true); },
-                            [&] { card->setSort(-1, true); });
+    return m_stopwatch.best([&] { card->setSort(column, true); }, [&] { card->setSort(-1, true); });
 }
 
 double CardBench::acceptAllTextContains(const QString &needle) const
@@ -71,6 +73,46 @@ double CardBench::acceptAllTextContains(const QString &needle) const
         for (const PIMRecord *record : card->records())
             m_matches += filter.accept(*static_cast<const DataRecord *>(record), fields);
     });
+}
+
+double CardBench::find(const QString &needle) const
+{
+    auto card = loaded(m_path);
+    card->setSort(0, true);
+    FilterDef find;
+    FilterCondition condition;
+    condition.text = needle;
+    find.conditions << condition;
+    const double best = m_stopwatch.best(
+        [&] { card->setAdHocFilter(find); }, [&] { card->setCurrentFilter(-1); });
+    card->setAdHocFilter(find);
+    m_matches = int(card->view().size());
+    return best;
+}
+
+double CardBench::threeConditions(const QString &prefix, int atLeast, const QDate &from) const
+{
+    auto card = loaded(m_path);
+    FilterDef filter;
+    FilterCondition startsWith;
+    startsWith.field = 0;
+    startsWith.op = FilterCondition::StartsWith;
+    startsWith.text = prefix;
+    FilterCondition count;
+    count.field = 1;
+    count.op = FilterCondition::AtLeast;
+    count.number = atLeast;
+    FilterCondition day;
+    day.field = 3;
+    day.op = FilterCondition::OnOrAfter;
+    day.date = from;
+    filter.conditions << startsWith << count << day;
+    card->setFilters({ filter });
+    const double best
+        = m_stopwatch.best([&] { card->setCurrentFilter(0); }, [&] { card->setCurrentFilter(-1); });
+    card->setCurrentFilter(0);
+    m_matches = int(card->view().size());
+    return best;
 }
 
 double CardBench::recalculateAllWithPrevious() const

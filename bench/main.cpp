@@ -17,7 +17,7 @@
 // and against the raw I/O of the card's bytes, and prints one table.
 int main(int argc, char **argv)
 {
-    LocalTimeZone::pin();   // as the programs do
+    LocalTimeZone::pin(); // as the programs do
     QCoreApplication app(argc, argv);
     app.setObjectName(QStringLiteral("norvika"));
     QTextStream out(stdout);
@@ -45,19 +45,35 @@ int main(int argc, char **argv)
     }
     Stopwatch stopwatch(runs);
     const double rawRead = stopwatch.best([&] { raw.read(); });
-    const double rawWrite = stopwatch.best([&] { raw.write(scratch.filePath(QStringLiteral("raw.card"))); });
+    const double rawWrite
+        = stopwatch.best([&] { raw.write(scratch.filePath(QStringLiteral("raw.card"))); });
 
     ResultTable table;
-    table.add(QStringLiteral("full load / read all rows"), ours.load(), peer.readAllRows(), rawRead);
+    table.add(
+        QStringLiteral("full load / read all rows"), ours.load(), peer.readAllRows(), rawRead);
     table.add(QStringLiteral("save (atomic, fsync)"), ours.save(), ResultTable::none, rawWrite);
     table.add(QStringLiteral("header-only load"), ours.headerOnlyLoad());
-    table.add(QStringLiteral("sort by String / ORDER BY name"), ours.sortBy(0), peer.orderBy(QStringLiteral("name")));
-    table.add(QStringLiteral("sort by Double / ORDER BY price"), ours.sortBy(2), peer.orderBy(QStringLiteral("price")));
-    table.add(QStringLiteral("sort by Date / ORDER BY day"), ours.sortBy(3), peer.orderBy(QStringLiteral("day")));
+    table.add(QStringLiteral("sort by String / ORDER BY name"), ours.sortBy(0),
+        peer.orderBy(QStringLiteral("name")));
+    table.add(QStringLiteral("sort by Double / ORDER BY price"), ours.sortBy(2),
+        peer.orderBy(QStringLiteral("price")));
+    table.add(QStringLiteral("sort by Date / ORDER BY day"), ours.sortBy(3),
+        peer.orderBy(QStringLiteral("day")));
     const double contains = ours.acceptAllTextContains(QStringLiteral("river"));
-    table.add(QStringLiteral("contains on All Text Fields / LIKE (%1 matches)").arg(ours.lastMatches()),
-              contains, peer.likeOverTextColumns(QStringLiteral("river")));
-    table.add(QStringLiteral("recalculateAll, formula on previous record"), ours.recalculateAllWithPrevious());
+    table.add(QStringLiteral("live find count: contains on All Text Fields / LIKE (%1 matches)")
+                  .arg(ours.lastMatches()),
+        contains, peer.likeOverTextColumns(QStringLiteral("river")));
+    const double find = ours.find(QStringLiteral("river"));
+    table.add(QStringLiteral("find, list rebuilt and sorted by String / LIKE (%1 matches)")
+                  .arg(ours.lastMatches()),
+        find, peer.likeOverTextColumns(QStringLiteral("river")));
+    const QDate from(1995, 1, 1);
+    const double three = ours.threeConditions(QStringLiteral("t"), 50000, from);
+    table.add(QStringLiteral("filter: starts with, at least, on or after / WHERE (%1 matches)")
+                  .arg(ours.lastMatches()),
+        three, peer.threeConditions(QStringLiteral("t"), 50000, from));
+    table.add(QStringLiteral("recalculateAll, formula on previous record"),
+        ours.recalculateAllWithPrevious());
     out << table.text();
 
     const qint64 memory = ours.loadedMemory();

@@ -8,10 +8,10 @@
 
 #include <sqlite3.h>
 
-namespace {
-// One row held in memory, as a loaded card holds its records.
-struct Row
+namespace
 {
+// One row held in memory, as a loaded card holds its records.
+struct Row {
     QString uid, name, moment, notes, colour, tags;
     double count = 0, price = 0, done = 0;
     qint64 day = 0, hour = 0;
@@ -19,7 +19,8 @@ struct Row
 
 QString text(sqlite3_stmt *statement, int column)
 {
-    return QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_column_text(statement, column)));
+    return QString::fromUtf8(
+        reinterpret_cast<const char *>(sqlite3_column_text(statement, column)));
 }
 
 Row readRow(sqlite3_stmt *statement)
@@ -41,7 +42,8 @@ Row readRow(sqlite3_stmt *statement)
 } // namespace
 
 SqlitePeer::SqlitePeer(const QString &databasePath, int runs)
-    : m_path(databasePath), m_stopwatch(runs)
+    : m_path(databasePath)
+    , m_stopwatch(runs)
 {
 }
 
@@ -64,12 +66,15 @@ bool SqlitePeer::import(const DataManager &card)
         sqlite3_close(db);
         return false;
     }
-    bool ok = exec(db, "CREATE TABLE card(uid TEXT, name TEXT, count INTEGER, price REAL,"
-                       " day INTEGER, hour INTEGER, moment TEXT, notes TEXT, colour TEXT,"
-                       " done INTEGER, tags TEXT); BEGIN");
+    bool ok = exec(db,
+        "CREATE TABLE card(uid TEXT, name TEXT, count INTEGER, price REAL,"
+        " day INTEGER, hour INTEGER, moment TEXT, notes TEXT, colour TEXT,"
+        " done INTEGER, tags TEXT); BEGIN");
     sqlite3_stmt *insert = nullptr;
-    ok = ok && sqlite3_prepare_v2(db, "INSERT INTO card VALUES(?,?,?,?,?,?,?,?,?,?,?)", -1,
-                                  &insert, nullptr) == SQLITE_OK;
+    ok = ok
+        && sqlite3_prepare_v2(
+               db, "INSERT INTO card VALUES(?,?,?,?,?,?,?,?,?,?,?)", -1, &insert, nullptr)
+            == SQLITE_OK;
     for (const PIMRecord *base : card.records()) {
         if (!ok)
             break;
@@ -134,5 +139,16 @@ double SqlitePeer::likeOverTextColumns(const QString &needle) const
     return timeQuery(QStringLiteral("SELECT count(*) FROM card WHERE name LIKE '%%1%' OR notes "
                                     "LIKE '%%1%' OR colour LIKE '%%1%' OR tags LIKE '%%1%'")
                          .arg(needle),
-                     false);
+        false);
+}
+
+double SqlitePeer::threeConditions(const QString &prefix, int atLeast, const QDate &from) const
+{
+    return timeQuery(
+        QStringLiteral("SELECT count(*) FROM card WHERE name LIKE '%1%' AND count >= %2"
+                       " AND day >= %3")
+            .arg(prefix)
+            .arg(atLeast)
+            .arg(from.toJulianDay()),
+        false);
 }

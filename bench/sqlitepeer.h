@@ -3,6 +3,7 @@
 
 #include "stopwatch.h"
 
+#include <QDate>
 #include <QString>
 
 class DataManager;
@@ -19,6 +20,8 @@ public:
     double readAllRows() const;
     double orderBy(const QString &column) const;
     double likeOverTextColumns(const QString &needle) const;
+    // name LIKE 'prefix%' AND count >= atLeast AND day >= from.
+    double threeConditions(const QString &prefix, int atLeast, const QDate &from) const;
     QString errorString() const { return m_error; }
 
 private:

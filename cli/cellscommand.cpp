@@ -8,11 +8,13 @@
 
 #include <QTextStream>
 
-namespace {
+namespace
+{
 const QString viewOption = QStringLiteral("view");
 const QString filterOption = QStringLiteral("filter");
 const QString sortOption = QStringLiteral("sort");
 const QString descendingOption = QStringLiteral("descending");
+const QString findOption = QStringLiteral("find");
 
 // The number an option holds, or min - 1 when it is no number.
 int indexValue(const ArgumentParser &arguments, const QString &option, int min)
@@ -40,6 +42,7 @@ void CellsCommand::declareOptions(ArgumentParser &parser) const
     parser.addValueOption(filterOption);
     parser.addValueOption(sortOption);
     parser.addFlag(descendingOption);
+    parser.addValueOption(findOption);
 }
 
 int CellsCommand::run(const ArgumentParser &arguments)
@@ -68,16 +71,20 @@ int CellsCommand::run(const ArgumentParser &arguments)
 
 QString CellsCommand::select(const ArgumentParser &arguments, DataManager &card)
 {
+    if (arguments.isSet(findOption) && arguments.isSet(filterOption))
+        return QStringLiteral("--find and --filter cannot be used together");
     if (arguments.isSet(viewOption)) {
         const int view = indexValue(arguments, viewOption, -1);
         if (view < -1 || view >= card.views().size())
-            return QStringLiteral("--view takes -1 or a view index below %1").arg(card.views().size());
+            return QStringLiteral("--view takes -1 or a view index below %1")
+                .arg(card.views().size());
         card.setCurrentView(view);
     }
     if (arguments.isSet(filterOption)) {
         const int filter = indexValue(arguments, filterOption, -1);
         if (filter < -1 || filter >= card.filters().size())
-            return QStringLiteral("--filter takes -1 or a filter index below %1").arg(card.filters().size());
+            return QStringLiteral("--filter takes -1 or a filter index below %1")
+                .arg(card.filters().size());
         card.setCurrentFilter(filter);
     }
     const bool descending = arguments.isSet(descendingOption);
@@ -89,5 +96,19 @@ QString CellsCommand::select(const ArgumentParser &arguments, DataManager &card)
     } else if (descending) {
         card.setSort(card.sortColumn(), false);
     }
+    if (arguments.isSet(findOption))
+        card.setAdHocFilter(findFilter(arguments.value(findOption)));
     return QString();
+}
+
+// The find the program's find dialog makes from a text typed into its first widgets.
+FilterDef CellsCommand::findFilter(const QString &text)
+{
+    FilterCondition condition;
+    condition.field = FilterCondition::AllTextFields;
+    condition.op = FilterCondition::Contains;
+    condition.text = text;
+    FilterDef find;
+    find.conditions << condition;
+    return find;
 }

@@ -4,16 +4,18 @@
 #include "cli/clicommand.h"
 
 class DataManager;
+class FilterDef;
 
-// cells CARD [--view N] [--filter N] [--sort FIELD] [--descending]: the visible records as
-// the main window's list shows them, one line each.
+// cells CARD [--view N] [--filter N] [--sort FIELD] [--descending] [--find TEXT]: the visible
+// records as the main window's list shows them, one line each.
 class CellsCommand : public CliCommand
 {
 public:
     QString name() const override { return QStringLiteral("cells"); }
     QString synopsis() const override
     {
-        return QStringLiteral("CARD [--view N] [--filter N] [--sort FIELD] [--descending]");
+        return QStringLiteral(
+            "CARD [--view N] [--filter N] [--sort FIELD] [--descending] [--find TEXT]");
     }
     QString summary() const override
     {
@@ -29,6 +31,8 @@ protected:
 private:
     // Applies the options to the card in memory; an empty text, or what is wrong.
     static QString select(const ArgumentParser &arguments, DataManager &card);
+    // "contains" TEXT on all text fields, in place of any other filter.
+    static FilterDef findFilter(const QString &text);
 };
 
 #endif

@@ -116,6 +116,8 @@ void TestCliCommands::usageErrors_data()
     QTest::newRow("cells: view past the list") << QStringList{"cells", "CARD", "--view", "1"};
     QTest::newRow("cells: filter past the list") << QStringList{"cells", "CARD", "--filter", "1"};
     QTest::newRow("cells: sort past the fields") << QStringList{"cells", "CARD", "--sort", "4"};
+    QTest::newRow("cells: find with filter") << QStringList{"cells", "CARD", "--find", "a", "--filter", "0"};
+    QTest::newRow("cells: find without text") << QStringList{"cells", "CARD", "--find"};
 }
 
 void TestCliCommands::usageErrors()
@@ -342,6 +344,16 @@ void TestCliCommands::cellsFollowTheOptions_data()
         << QStringList{"--view", "0"} << QStringList{"3\tpear", "1\tfig leaf"};
     QTest::newRow("view without its filter") << QStringList{"--view", "0", "--filter", "-1"}
                                              << QStringList{"10\tapple", "3\tpear", "1\tfig leaf"};
+    // Find: "contains" on every text field, case-insensitive, in place of any filter.
+    QTest::newRow("find folds case") << QStringList{"--find", "PE"} << joined({pear});
+    QTest::newRow("find looks in every text field") << QStringList{"--find", "y"} << joined({apple});
+    QTest::newRow("find reads past a line feed") << QStringList{"--find", "LEAF"} << joined({fig});
+    QTest::newRow("empty find passes all") << QStringList{"--find", ""} << joined({pear, apple, fig});
+    QTest::newRow("find matching nothing") << QStringList{"--find", "\u00e9"} << QStringList();
+    QTest::newRow("find in place of the view's filter")
+        << QStringList{"--view", "0", "--find", "a"} << QStringList{"10\tapple", "3\tpear", "1\tfig leaf"};
+    QTest::newRow("find after the sort") << QStringList{"--sort", "0", "--descending", "--find", "p"}
+                                         << joined({pear, apple});
 }
 
 void TestCliCommands::cellsFollowTheOptions()

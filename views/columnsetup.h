@@ -1,0 +1,59 @@
+#ifndef COLUMNSETUP_H
+#define COLUMNSETUP_H
+
+#include <QDialog>
+
+class DataManager;
+class QComboBox;
+class QLineEdit;
+class QPushButton;
+class QTreeWidget;
+class QTreeWidgetItem;
+
+// Edits one view of a card: its name, sort, filter and the columns of the list, picked
+// from all fields (a field may be picked twice).
+class ColumnSetup : public QDialog
+{
+    Q_OBJECT
+
+public:
+    // The filter chooser offers the card's filters only to the first views, as the menus do.
+    static constexpr int filterChoiceViews = 5;
+
+    // index: a view of the manager, or -1 for a new one.
+    ColumnSetup(
+        DataManager *manager, int index, QWidget *parent = nullptr, const char *name = nullptr);
+
+    // Called after the dialog was accepted: stores the view in the card.
+    void apply();
+
+public Q_SLOTS:
+    void doGet();
+    void doRemove();
+    void doUp();
+    void doDown();
+    void currentChanged();
+
+private:
+    void buildWidgets();
+    void fillChoosers(int sortColumn, bool ascending, const QString &filter);
+    void addColumnRow(QTreeWidget *to, int field);
+    QPushButton *addButton(const char *name, const QString &icon);
+    void moveCurrent(int by);
+
+    DataManager *manager;
+    const int index;
+
+    QLineEdit *vname = nullptr;
+    QComboBox *sort = nullptr;
+    QComboBox *order = nullptr;
+    QComboBox *filter = nullptr;
+    QTreeWidget *allcolumns = nullptr;
+    QTreeWidget *list = nullptr;
+    QPushButton *btnGet = nullptr;
+    QPushButton *btnRemove = nullptr;
+    QPushButton *btnUp = nullptr;
+    QPushButton *btnDown = nullptr;
+};
+
+#endif
