@@ -1,0 +1,136 @@
+#include "exchange/csvexporter.h"
+
+#include "calc/datetimeformat.h"
+#include "calc/systemdatetimeformat.h"
+#include "card/datamanager.h"
+#include "card/datarecord.h"
+#include "reminders/reminder.h"
+
+#include <QCoreApplication>
+#include <QRegularExpression>
+#include <QSaveFile>
+#include <QTextCodec>
+
+#include <memory>
+
+CsvExporter::CsvExporter(const Options &options)
+    : m_options(options)
+{
+    if (!m_options.codec)
+        m_options.codec = QTextCodec::codecForName("UTF-8");
+}
+
+// The qualifier is a regular expression, so a qualifier such as "." doubles every
+// character; one that is not a valid expression doubles nothing.
+QString CsvExporter::quoted(const QString &value) const
+{
+    const QString &delimiter = m_options.format.delimiter;
+    QString qualifier = m_options.format.qualifier;
+    if (qualifier.isEmpty() && (value.contains(QLatin1Char('\n')) || value.contains(delimiter)))
+        qualifier = QStringLiteral("\"");
+    QString text = value;
+    const QRegularExpression pattern(qualifier);
+    if (!qualifier.isEmpty() && pattern.isValid()) {
+        QString doubled = qualifier + qualifier;
+        doubled.replace(QLatin1Char('\\'), QStringLiteral("\\\\"));
+        text.replace(pattern, doubled);
+    }
+    return qualifier + text + qualifier + delimiter;
+}
+
+QString CsvExporter::endLine(QString line) const
+{
+    line.chop(m_options.format.delimiter.size());
+    return line + QLatin1Char('\n');
+}
+
+QString CsvExporter::stamp(const QDateTime &moment) const
+{
+    const QString &code = m_options.dateTimeFormat;
+    return code.isEmpty() ? formatDateTimeDefault(moment) : formatDateTime(moment, code);
+}
+
+QString CsvExporter::date(const QDate &day) const
+{
+    const QString &code = m_options.dateFormat;
+    return code.isEmpty() ? formatDate(day) : formatDateTime(QDateTime(day, QTime(0, 0)), code);
+}
+
+QString CsvExporter::time(const QTime &moment) const
+{
+    const QString &code = m_options.timeFormat;
+    return code.isEmpty() ? formatTime(moment)
+                          : formatDateTime(QDateTime(QDate::currentDate(), moment), code);
+}
+
+QString CsvExporter::headerLine(const DataManager &card) const
+{
+    QString line;
+    for (const FieldDef &field : card.fieldList())
+        line += quoted(field.title);
+    line += quoted(QCoreApplication::translate("CsvExporter", "Created Date"));
+    line += quoted(QCoreApplication::translate("CsvExporter", "Updated Date"));
+    return endLine(line);
+}
+
+QString CsvExporter::value(const DataManager &card, const DataRecord &record, int field) const
+{
+    static const QString lineFeed = QStringLiteral("\n");
+    switch (card.fieldList().at(field).type) {
+    case FieldDef::Integer:
+    case FieldDef::Bool:
+    case FieldDef::Count:
+    case FieldDef::Increment:
+        return QString::number(record.intValue(field));
+    case FieldDef::Double:
+        return QString::number(record.doubleValue(field), 'g', 6);
+    case FieldDef::Date:
+        return date(record.dateValue(field));
+    case FieldDef::Time:
+        return time(record.timeValue(field));
+    case FieldDef::DateTime:
+        return stamp(record.dateTimeValue(field));
+    case FieldDef::Reminder:
+        return record.hasReminder() ? stamp(record.reminder()->dateTime) : QString();
+    case FieldDef::Image:
+        return record.image();
+    case FieldDef::MultiList:
+        return record.stringValue(field).split(lineFeed).join(QLatin1Char(';'));
+    case FieldDef::Memo:
+        return record.memo().replace(lineFeed, m_options.multilineSeparator);
+    default:
+        return record.stringValue(field).replace(lineFeed, m_options.multilineSeparator);
+    }
+}
+
+QString CsvExporter::recordLine(const DataManager &card, const DataRecord &record) const
+{
+    QString line;
+    for (int i = 0; i < card.fieldCount(); ++i)
+        line += quoted(value(card, record, i));
+    line += quoted(stamp(record.created()));
+    line += quoted(stamp(record.updated()));
+    return endLine(line);
+}
+
+bool CsvExporter::write(const DataManager &card, const QString &path)
+{
+    m_stopped = false;
+    QSaveFile file(path);
+    m_error = QCoreApplication::translate("CsvExporter", "Cannot write to file:\n%1").arg(path);
+    if (!file.open(QIODevice::WriteOnly))
+        return false;
+    // One encoder for the whole file, so a byte order mark is written once.
+    const std::unique_ptr<QTextEncoder> encoder(m_options.codec->makeEncoder());
+    file.write(encoder->fromUnicode(headerLine(card)));
+    for (const PIMRecord *record : card.records()) {
+        if (m_hook && !m_hook()) {
+            m_stopped = true;
+            file.cancelWriting();
+            return false;
+        }
+        file.write(
+            encoder->fromUnicode(recordLine(card, *static_cast<const DataRecord *>(record))));
+    }
+    return file.commit();
+}
