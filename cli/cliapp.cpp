@@ -4,9 +4,11 @@
 #include "cli/cellscommand.h"
 #include "cli/clicommand.h"
 #include "cli/dumpcommand.h"
+#include "cli/exportcommand.h"
 #include "cli/formatcommand.h"
 #include "cli/formulacommand.h"
 #include "cli/generatecommand.h"
+#include "cli/importcommand.h"
 #include "cli/listcommand.h"
 #include "cli/setfieldscommand.h"
 #include "platform/platformpaths.h"
@@ -25,6 +27,8 @@ CliApp::CliApp()
     m_commands.push_back(std::make_unique<AddCommand>());
     m_commands.push_back(std::make_unique<GenerateCommand>());
     m_commands.push_back(std::make_unique<ListCommand>());
+    m_commands.push_back(std::make_unique<ImportCommand>());
+    m_commands.push_back(std::make_unique<ExportCommand>());
 }
 
 CliApp::~CliApp() = default;
