@@ -3,6 +3,7 @@
 
 #include "exchange/csvformat.h"
 
+#include <QDateTime>
 #include <QString>
 
 #include <functional>
