@@ -13,7 +13,10 @@
 #include "edit/customlistdialog.h"
 #include "edit/dataeditor.h"
 #include "edit/popupchoosers.h"
+#include "exchange/exportdialog.h"
 #include "exchange/imageview.h"
+#include "exchange/importcsvdialog.h"
+#include "exchange/oldcardconverter.h"
 #include "lib/qt/enterstringdialog.h"
 #include "lib/qt/mlcalculatordialog.h"
 #include "lib/qt/mlyesnodialog.h"
@@ -318,6 +321,8 @@ bool MRLDB::event(QEvent *event)
 
 void MRLDB::createCardList()
 {
+    // Cards of older versions join the list before it is read.
+    OldCardConverter::run();
     cardList = new DBManager(false);
     cardList->load();
 }
@@ -332,6 +337,7 @@ void MRLDB::connectCardActions()
         { "newdb", &MRLDB::dbNew },
         { "modify", &MRLDB::doEditCard },
         { "remove", &MRLDB::doRemoveCard },
+        { "export", &MRLDB::doExport },
     };
     for (const auto &command : commands)
         connect(action(QString::fromLatin1(command.name)), &QAction::triggered, this, command.slot);
@@ -342,7 +348,7 @@ void MRLDB::connectCardActions()
 // The commands that need an open card: its details, its deletion, a new record, clearing.
 void MRLDB::setCardActionsEnabled(bool enabled)
 {
-    for (const char *name : { "modify", "remove", "new", "clear" })
+    for (const char *name : { "modify", "remove", "new", "clear", "export" })
         action(QString::fromLatin1(name))->setEnabled(enabled);
 }
 
@@ -842,6 +848,27 @@ void MRLDB::doRemoveCard()
         dbSelect();
 }
 
+void MRLDB::doExport()
+{
+    if (!manager)
+        return;
+    CsvExporter::Options options;
+    QString path;
+    {
+        // The dialog keeps its options as it goes, after Cancel too.
+        ExportDialog dialog(this);
+        if (dialog.exec() != QDialog::Accepted)
+            return;
+        options = dialog.options();
+        path = dialog.exportFileName(QFileInfo(manager->fullPath()).completeBaseName());
+    }
+    if (path.isNull())
+        return;
+    CsvExporter exporter(options);
+    if (!exporter.write(*manager, path))
+        MRLDialog::critical(tr("Export"), exporter.errorString());
+}
+
 // ---- Documents and reminders ----------------------------------------------------------------
 
 void MRLDB::getTask(DataRecord **result, const QString &uid)
@@ -873,9 +900,18 @@ void MRLDB::setDocument(const QString &file)
     const int choice = MRLDialog::ask(qApp->objectName(), tr("What do you want to do?"),
         QStringLiteral("dialog_warning"), tr("Import"), QStringLiteral("import"), tr("Edit"),
         QStringLiteral("edit"));
-    if (choice == 2)
+    if (choice == 2) {
         handTextToEditor(file);
-    // Importing a text file arrives with the importers.
+        return;
+    }
+    if (choice != 1)
+        return;
+    // A cancelled import keeps a card with the rows so far: it opens as well.
+    int count = 0;
+    QString card;
+    ImportCSVDialog::importFile(cardList, file, nullptr, this, &count, &card);
+    if (!card.isEmpty() && QFileInfo::exists(card))
+        openCard(card);
 }
 
 // The text editor takes the file and this program leaves the stage. On a desktop the

@@ -55,6 +55,8 @@ public Q_SLOTS:
     void dbSelect();
     void doEditCard();
     void doRemoveCard();
+    // Writes every record of the open card to a CSV file chosen by the user.
+    void doExport();
     void selectionCleared();
     void selected(PIMRecord *record);
     void editDialogIsFree(bool *free);
