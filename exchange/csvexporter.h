@@ -4,6 +4,7 @@
 #include "exchange/csvformat.h"
 
 #include <QDateTime>
+#include <QRegularExpression>
 #include <QString>
 
 #include <functional>
@@ -49,6 +50,9 @@ private:
     QString endLine(QString line) const;
 
     Options m_options;
+    bool m_literalQualifier = true;
+    QRegularExpression m_pattern; // the qualifier, for a qualifier with special characters
+    QString m_doubledPattern; // its replacement
     std::function<bool()> m_hook;
     bool m_stopped = false;
     QString m_error;
