@@ -132,8 +132,11 @@ bool CsvExporter::write(const DataManager &card, const QString &path)
     m_error = QCoreApplication::translate("CsvExporter", "Cannot write to file:\n%1").arg(path);
     if (!file.open(QIODevice::WriteOnly))
         return false;
-    // One encoder for the whole file, so a byte order mark is written once.
-    const std::unique_ptr<QTextEncoder> encoder(m_options.codec->makeEncoder());
+    // One encoder for the whole file. UTF-8 goes without a byte order mark, which other
+    // programs would read as part of the first title; other codecs write theirs once.
+    const bool utf8 = m_options.codec->mibEnum() == 106;
+    const std::unique_ptr<QTextEncoder> encoder(m_options.codec->makeEncoder(
+        utf8 ? QTextCodec::IgnoreHeader : QTextCodec::DefaultConversion));
     file.write(encoder->fromUnicode(headerLine(card)));
     for (const PIMRecord *record : card.records()) {
         if (m_hook && !m_hook()) {
