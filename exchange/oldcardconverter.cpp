@@ -70,20 +70,19 @@ int OldCardConverter::run()
     for (const PIMRecord *record : store.records()) {
         const auto &entry = *static_cast<const DBRecord2 *>(record);
         qDebug() << "Converting old card" << entry.path();
-        convert(entry, list);
-        ++made;
+        made += convert(entry, list) ? 1 : 0;
     }
     list.save();
     return made;
 }
 
-void OldCardConverter::convert(const DBRecord2 &entry, DBManager &list)
+bool OldCardConverter::convert(const DBRecord2 &entry, DBManager &list)
 {
     const QString folder = PlatformPaths::documentsDir();
     QDir().mkpath(folder);
     const QString path = ImportedCard::freePath(folder, QFileInfo(entry.path()).completeBaseName());
     if (path.isEmpty())
-        return;
+        return false;
     {
         DataManager card(path);
         card.load();
@@ -99,6 +98,7 @@ void OldCardConverter::convert(const DBRecord2 &entry, DBManager &list)
         card.forceSave();
     }
     list.addCard(path);
+    return true;
 }
 
 void OldCardConverter::copyRecords(const DBRecord2 &entry, DataManager &card)

@@ -17,7 +17,8 @@ public:
     static int run();
 
 private:
-    static void convert(const DBRecord2 &entry, DBManager &list);
+    // False when no free name was left for the new card.
+    static bool convert(const DBRecord2 &entry, DBManager &list);
     static void copyRecords(const DBRecord2 &entry, DataManager &card);
 };
 
