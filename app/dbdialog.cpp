@@ -2,6 +2,7 @@
 
 #include "app/dbflows.h"
 #include "app/resourceicons.h"
+#include "exchange/importdialog.h"
 #include "store/dbmanager.h"
 #include "store/dbrecord.h"
 #include "views/dblistview.h"
@@ -56,9 +57,9 @@ void DBDialog::setupButtons()
     openMenu->addAction(
         loadIconSet(QStringLiteral("fileopen")), tr("Open Card") + more, this, &DBDialog::doOpen);
     openMenu->addSeparator();
-    // Importing and PC Link come with the import and transfer dialogs.
-    openMenu->addAction(loadIconSet(QStringLiteral("import")), tr("Import Card") + more)
-        ->setEnabled(false);
+    openMenu->addAction(
+        loadIconSet(QStringLiteral("import")), tr("Import Card") + more, this, &DBDialog::doImport);
+    // PC Link comes with the transfer dialogs.
     openMenu->addSeparator();
     openMenu->addAction(loadIconSet(QStringLiteral("pclink")), tr("PC Link") + more)
         ->setEnabled(false);
@@ -157,6 +158,14 @@ void DBDialog::doEdit()
 void DBDialog::doOpen()
 {
     if (DBRecord *record = DBFlows::openCards(manager, this))
+        makeCurrent(record);
+}
+
+void DBDialog::doImport()
+{
+    ImportDialog dialog(manager, QString(), this);
+    dialog.exec();
+    if (DBRecord *record = manager->findByPath(dialog.importedPath()))
         makeCurrent(record);
 }
 

@@ -28,6 +28,7 @@ public Q_SLOTS:
     void doNew() override;
     void doEdit() override;
     void doOpen() override;
+    void doImport();
     void doDelete() override;
     void doRemove() override;
     void doSelect() override;

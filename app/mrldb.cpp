@@ -15,7 +15,7 @@
 #include "edit/popupchoosers.h"
 #include "exchange/exportdialog.h"
 #include "exchange/imageview.h"
-#include "exchange/importcsvdialog.h"
+#include "exchange/importdialog.h"
 #include "exchange/oldcardconverter.h"
 #include "lib/qt/enterstringdialog.h"
 #include "lib/qt/mlcalculatordialog.h"
@@ -338,11 +338,28 @@ void MRLDB::connectCardActions()
         { "modify", &MRLDB::doEditCard },
         { "remove", &MRLDB::doRemoveCard },
         { "export", &MRLDB::doExport },
+        { "import", &MRLDB::doImport },
     };
     for (const auto &command : commands)
         connect(action(QString::fromLatin1(command.name)), &QAction::triggered, this, command.slot);
     action(QStringLiteral("db"))->setEnabled(true);
     action(QStringLiteral("newdb"))->setEnabled(true);
+    action(QStringLiteral("import"))->setEnabled(true);
+}
+
+void MRLDB::doImport()
+{
+    importFrom(QString());
+}
+
+// The last card the import made opens once the dialog closes; a stopped text import keeps
+// a card with the rows so far, which opens as well.
+void MRLDB::importFrom(const QString &file)
+{
+    ImportDialog dialog(cardList, file, this);
+    dialog.exec();
+    if (!dialog.importedPath().isEmpty())
+        openCard(dialog.importedPath());
 }
 
 // The commands that need an open card: its details, its deletion, a new record, clearing.
@@ -882,8 +899,9 @@ void MRLDB::getTask(DataRecord **result, const QString &uid)
 bool MRLDB::modalDialogRunning()
 {
     const QWidgetList windows = QApplication::topLevelWidgets();
-    return std::any_of(windows.cbegin(), windows.cend(),
-        [](const QWidget *window) { return window->isVisible() && qobject_cast<const QDialog *>(window); });
+    return std::any_of(windows.cbegin(), windows.cend(), [](const QWidget *window) {
+        return window->isVisible() && qobject_cast<const QDialog *>(window);
+    });
 }
 
 void MRLDB::setDocument(const QString &file)
@@ -906,12 +924,7 @@ void MRLDB::setDocument(const QString &file)
     }
     if (choice != 1)
         return;
-    // A cancelled import keeps a card with the rows so far: it opens as well.
-    int count = 0;
-    QString card;
-    ImportCSVDialog::importFile(cardList, file, nullptr, this, &count, &card);
-    if (!card.isEmpty() && QFileInfo::exists(card))
-        openCard(card);
+    importFrom(file);
 }
 
 // The text editor takes the file and this program leaves the stage. On a desktop the

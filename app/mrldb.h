@@ -57,6 +57,7 @@ public Q_SLOTS:
     void doRemoveCard();
     // Writes every record of the open card to a CSV file chosen by the user.
     void doExport();
+    void doImport();
     void selectionCleared();
     void selected(PIMRecord *record);
     void editDialogIsFree(bool *free);
@@ -115,6 +116,8 @@ private:
     void connectRecordCommands();
     static bool modalDialogRunning();
     void handTextToEditor(const QString &file);
+    // Runs the import dialog, preset to file when one is given, and opens the card made.
+    void importFrom(const QString &file);
     // Runs the record editor on record (taken over when not stored) with editing set.
     void runEditor(DataRecord *record, int page);
     DataRecord *currentRecord() const;

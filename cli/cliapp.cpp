@@ -64,7 +64,8 @@ int CliApp::usageError(const QString &message) const
     QTextStream err(stderr);
     err.setEncoding(QStringConverter::Utf8);
     err << "norvika-cli: " << message << '\n'
-        << "usage: norvika-cli [--home DIR] COMMAND [ARGS...]  (norvika-cli --help lists the commands)\n";
+        << "usage: norvika-cli [--home DIR] COMMAND [ARGS...]  (norvika-cli --help lists the "
+           "commands)\n";
     return CliCommand::UsageError;
 }
 

@@ -2,24 +2,23 @@
 #define IMPORTCOMMAND_H
 
 #include "cli/clicommand.h"
-#include "exchange/csvcolumn.h"
 
-#include <QList>
+#include <memory>
+#include <vector>
 
-class DBManager;
+class ImportKind;
 
-// import KIND FILE [options]: a new card made from a foreign file, as the import dialog
-// makes it. Each kind is one branch of run(); "csv" runs the three steps of the text
-// wizard in one go.
+// "import KIND FILE [--codec NAME] [kind's options]": makes a new card of FILE as the
+// import dialog does, lists it, and prints its path.
 class ImportCommand : public CliCommand
 {
 public:
+    ImportCommand();
+    ~ImportCommand() override;
+
     QString name() const override { return QStringLiteral("import"); }
     QString synopsis() const override;
-    QString summary() const override
-    {
-        return QStringLiteral("make a new card from a foreign file and print its path");
-    }
+    QString summary() const override;
 
 protected:
     void declareOptions(ArgumentParser &parser) const override;
@@ -28,10 +27,11 @@ protected:
     int run(const ArgumentParser &arguments) override;
 
 private:
-    int importCsv(const ArgumentParser &arguments);
-    // Applies the per-column options to the columns the file has; false with a message.
-    bool applyColumnOptions(const ArgumentParser &arguments, QList<CsvColumn> *columns,
-        QString *error, bool *usage) const;
+    const ImportKind *find(const QString &name) const;
+    bool usesForeignOption(
+        const ImportKind *kind, const ArgumentParser &arguments, QString *option) const;
+
+    std::vector<std::unique_ptr<ImportKind>> m_kinds;
 };
 
 #endif

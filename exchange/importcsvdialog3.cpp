@@ -1,14 +1,13 @@
 #include "exchange/importcsvdialog3.h"
 
 #include "app/mrldialog.h"
+#include "exchange/cardimporttarget.h"
 #include "exchange/csvimporter.h"
-#include "exchange/importedcard.h"
 #include "exchange/textlinereader.h"
 #include "platform/config.h"
 #include "platform/platformpaths.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QEvent>
 #include <QFileInfo>
 #include <QLabel>
@@ -71,9 +70,10 @@ QString ImportCSVDialog3::folder() const
 void ImportCSVDialog3::runImport()
 {
     m_running = true;
-    QDir().mkpath(folder());
-    m_cardPath = ImportedCard::freePath(folder(), QFileInfo(m_setup.fileName).completeBaseName());
-    ImportedCard card(m_cardPath, CsvImporter::description(QFileInfo(m_setup.fileName).fileName()));
+    CardImportTarget target(m_manager, nullptr);
+    target.setFolder(folder());
+    const bool begun = target.begin(m_setup.fileName, QByteArray(),
+        CsvImporter::description(QFileInfo(m_setup.fileName).fileName()));
     CsvImporter importer(m_setup.format, m_setup.columns, m_setup.startRow, m_setup.titles);
     const qint64 size = qMax<qint64>(1, m_lines->size());
     importer.setLineHook([this, size] {
@@ -81,12 +81,15 @@ void ImportCSVDialog3::runImport()
         QCoreApplication::processEvents();
         return !m_stop;
     });
-    const CsvImporter::Outcome outcome = importer.run(*m_lines, card.card());
+    const CsvImporter::Outcome outcome
+        = begun ? importer.run(*m_lines, target.card()) : CsvImporter::Failed;
     m_count = importer.count();
-    const bool saved = card.finish(m_manager);
+    // A stopped pass still makes a whole card of the rows read so far.
+    const bool saved = begun && target.finish(CsvImporter::fieldsFor(m_setup.columns));
+    m_cardPath = saved ? target.path() : QString();
     m_running = false;
     if (!saved)
-        MRLDialog::critical(tr("Import"), card.errorString());
+        MRLDialog::critical(tr("Import"), target.errorString());
     else if (outcome == CsvImporter::Failed)
         MRLDialog::critical(tr("Import"), importer.errorString());
     if (!saved || m_stop)

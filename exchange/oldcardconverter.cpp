@@ -2,11 +2,11 @@
 
 #include "card/datamanager.h"
 #include "card/datarecord.h"
+#include "exchange/cardimporttarget.h"
 #include "exchange/datamanager2.h"
 #include "exchange/datarecord2.h"
 #include "exchange/dbmanager2.h"
 #include "exchange/dbrecord2.h"
-#include "exchange/importedcard.h"
 #include "platform/platformpaths.h"
 #include "store/dbmanager.h"
 #include "store/mrlpim.h"
@@ -80,7 +80,8 @@ bool OldCardConverter::convert(const DBRecord2 &entry, DBManager &list)
 {
     const QString folder = PlatformPaths::documentsDir();
     QDir().mkpath(folder);
-    const QString path = ImportedCard::freePath(folder, QFileInfo(entry.path()).completeBaseName());
+    const QString path
+        = CardImportTarget::freePath(folder, QFileInfo(entry.path()).completeBaseName());
     if (path.isEmpty())
         return false;
     {

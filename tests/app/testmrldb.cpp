@@ -55,9 +55,9 @@ void TestMRLDB::actions_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<bool>("enabled");
-    for (const char *name : { "db", "newdb", "memo", "Brightloom", "exit" })
+    for (const char *name : { "db", "newdb", "import", "memo", "Brightloom", "exit" })
         QTest::newRow(name) << QString::fromLatin1(name) << true;
-    for (const char *name : { "new", "edit", "clone", "delete", "export", "import", "clear",
+    for (const char *name : { "new", "edit", "clone", "delete", "export", "clear",
              "modify", "remove", "fields", "report", "pclink", "sdata", "gdata", "options" })
         QTest::newRow(name) << QString::fromLatin1(name) << false;
 }

@@ -1,0 +1,427 @@
+#include "card/datamanager.h"
+#include "card/datarecord.h"
+#include "exchange/cardimporttarget.h"
+#include "exchange/jfileimporter.h"
+#include "exchange/jfilereader.h"
+#include "exchange/mobiledbimporter.h"
+#include "palmsamples.h"
+#include "pdbwriter.h"
+#include "store/dbmanager.h"
+#include "support/testhome.h"
+
+#include <QBuffer>
+#include <QDir>
+#include <QFile>
+#include <QTest>
+#include <QTextCodec>
+#include <QtEndian>
+
+// Importing MobileDB and JFile files: the schema and values that arrive, and the refusal of
+// damaged files without a trace.
+class TestPalmImport : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void samplesMatchWriter();
+    void brokenFiles_data();
+    void brokenFiles();
+    void mobileFields_data();
+    void mobileFields();
+    void mobileValues_data();
+    void mobileValues();
+    void codecDecidesLabels();
+    void jfileFields_data();
+    void jfileFields();
+    void jfileValues_data();
+    void jfileValues();
+    void jfileImportValue();
+    void jfileKeys_data();
+    void jfileKeys();
+    void jfileDates_data();
+    void jfileDates();
+    void jfileTimes_data();
+    void jfileTimes();
+    void recordSizes();
+};
+
+namespace
+{
+QString sample(const QString &name)
+{
+    return TestHome::dataFile(QStringLiteral("palm/") + name);
+}
+
+// Imports a sample into the home's documents; returns the new card's path or empty.
+QString importSample(
+    const QString &name, JFileImporter::Calculated calculated = JFileImporter::ImportFormula)
+{
+    DBManager list(false);
+    list.load();
+    CardImportTarget target(&list, nullptr);
+    if (name.startsWith(QLatin1String("jfile"))) {
+        JFileImporter importer(&target, QStringLiteral("M/D/Y"), calculated);
+        return importer.import(sample(name)) ? target.path() : QString();
+    }
+    MobileDBImporter importer(&target);
+    return importer.import(sample(name)) ? target.path() : QString();
+}
+
+// A slot as text: dates and times in ISO form, numbers as numbers, unset as "-".
+QString slotText(const DataManager &card, const DataRecord *record, int i)
+{
+    if (!record->isSet(i))
+        return QStringLiteral("-");
+    switch (card.field(i).type) {
+    case FieldDef::Date:
+        return record->dateValue(i).toString(Qt::ISODate);
+    case FieldDef::Time:
+        return record->timeValue(i).toString(QStringLiteral("hh:mm:ss"));
+    case FieldDef::Integer:
+    case FieldDef::Double:
+    case FieldDef::Bool:
+    case FieldDef::Increment:
+        return QString::number(record->doubleValue(i));
+    default:
+        return record->stringValue(i);
+    }
+}
+
+QByteArray fiftyFieldFile(int numFields, const QByteArrayList &extensions)
+{
+    QList<PdbWriter::JField> fields;
+    for (int i = 0; i < 50; ++i)
+        fields.append({ "F" + QByteArray::number(i), 1 });
+    PdbWriter pdb("Fifty", "JfD5", "JFi5");
+    pdb.setAppInfo(PdbWriter::jfileInfo(fields, extensions, numFields));
+    return pdb.bytes();
+}
+} // namespace
+
+// After a deliberate change to the samples, NORVIKA_WRITE_PALM_SAMPLES=1 rewrites the files.
+void TestPalmImport::samplesMatchWriter()
+{
+    const bool write = qEnvironmentVariableIsSet("NORVIKA_WRITE_PALM_SAMPLES");
+    const QMap<QString, QByteArray> samples = palmSamples();
+    for (auto it = samples.cbegin(); it != samples.cend(); ++it) {
+        QFile file(sample(it.key()));
+        if (write) {
+            QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+            file.write(it.value());
+            continue;
+        }
+        QVERIFY2(file.open(QIODevice::ReadOnly), qPrintable(it.key()));
+        QVERIFY2(file.readAll() == it.value(), qPrintable(it.key()));
+    }
+}
+
+void TestPalmImport::brokenFiles_data()
+{
+    QTest::addColumn<QString>("file");
+    const QStringList files = palmSamples().keys();
+    for (const QString &file : files) {
+        if (!file.endsWith(QLatin1String("-good.pdb")))
+            QTest::newRow(qPrintable(file)) << file;
+    }
+}
+
+void TestPalmImport::brokenFiles()
+{
+    QFETCH(QString, file);
+    for (const bool asJFile : { false, true }) {
+        TestHome home;
+        DBManager list(false);
+        list.load();
+        CardImportTarget target(&list, nullptr);
+        JFileImporter jfile(&target, QStringLiteral("M/D/Y"), JFileImporter::ImportFormula);
+        MobileDBImporter mobile(&target);
+        QVERIFY(!(asJFile ? jfile.import(sample(file)) : mobile.import(sample(file))));
+        QCOMPARE(asJFile ? jfile.errorString() : mobile.errorString(),
+            asJFile ? QStringLiteral("Import failed.\nWrong JFile 5.x file format.")
+                    : QStringLiteral("Import failed.\nWrong MobileDB file format."));
+        QCOMPARE(QDir(home.documents()).entryList(QDir::Files | QDir::Hidden), QStringList());
+        DBManager reloaded(false);
+        reloaded.load();
+        QCOMPARE(reloaded.records().size(), 0);
+    }
+}
+
+void TestPalmImport::mobileFields_data()
+{
+    QTest::addColumn<int>("index");
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("label");
+    QTest::addColumn<int>("type");
+    QTest::addColumn<int>("width");
+    QTest::addColumn<QStringList>("items");
+    QTest::newRow("empty type, no line feed: String") << 0 << "Name"
+                                                      << "Name" << 0 << 100 << QStringList();
+    QTest::newRow("I, only empty values: Integer") << 1 << "Count"
+                                                   << "Count" << 1 << 0 << QStringList();
+    QTest::newRow("I with a point: Double, width by number") << 2 << "Price"
+                                                             << "Price" << 2 << 40 << QStringList();
+    QTest::newRow("D") << 3 << "Born"
+                       << "Born" << 3 << 0 << QStringList();
+    QTest::newRow("d") << 4 << "At"
+                       << "At" << 4 << 0 << QStringList();
+    QTest::newRow("B has no label") << 5 << "Ok"
+                                    << "" << 10 << 0 << QStringList();
+    QTest::newRow("L items") << 6 << "Kind"
+                             << "Kind" << 9 << 0 << QStringList { "red", "green" };
+    QTest::newRow("line feed keeps Text") << 7 << "Notes"
+                                          << "Notes" << 6 << 0 << QStringList();
+}
+
+void TestPalmImport::mobileFields()
+{
+    QFETCH(int, index);
+    TestHome home;
+    const QString path = importSample(QStringLiteral("mobiledb-good.pdb"));
+    QCOMPARE(path, home.documents() + QStringLiteral("/Garden.card"));
+    DataManager card(path);
+    QVERIFY(card.load());
+    QCOMPARE(card.fieldCount(), 8);
+    QCOMPARE(card.description(), QStringLiteral("MobileDB imported Card [mobiledb-good.pdb]"));
+    QCOMPARE(card.icon(), QStringLiteral("12"));
+    const FieldDef field = card.field(index);
+    QTEST(field.title, "title");
+    QTEST(field.label, "label");
+    QTEST(field.type, "type");
+    QTEST(field.width, "width");
+    QTEST(field.items, "items");
+}
+
+void TestPalmImport::mobileValues_data()
+{
+    QTest::addColumn<int>("row");
+    QTest::addColumn<QStringList>("values");
+    QTest::newRow("epoch, 3599 s cut to 00:59, Yes is false")
+        << 0
+        << QStringList { "Ann", "0", "1.5", "1904-01-01", "00:59:00", "0", "green",
+               "line1\nline2" };
+    QTest::newRow("category 3 row, yes is true")
+        << 1 << QStringList { "Bob", "0", "2", "1904-01-02", "00:01:00", "1", "red", "x" };
+    QTest::newRow("damaged row keeps defaults") << 2 << QStringList { "", "0", "0" };
+    QTest::newRow("short row") << 3 << QStringList { "Cy", "0", "0" };
+}
+
+void TestPalmImport::mobileValues()
+{
+    QFETCH(int, row);
+    QFETCH(QStringList, values);
+    TestHome home;
+    DataManager card(importSample(QStringLiteral("mobiledb-good.pdb")));
+    QVERIFY(card.load());
+    QCOMPARE(card.records().size(), 4);
+    const auto *record = static_cast<const DataRecord *>(card.records().at(row));
+    for (int i = 0; i < values.size(); ++i)
+        QCOMPARE(slotText(card, record, i), values.at(i));
+}
+
+// The database name and the labels go through the chosen codec.
+void TestPalmImport::codecDecidesLabels()
+{
+    TestHome home;
+    PdbWriter pdb("\xEB\xCE\xC9\xC7\xC9", "Mdb1", "Mdb1");
+    pdb.addRecord(PdbWriter::mobileRecord({ "\xF0\xD2\xC9" }), 1);
+    QFile file(home.file(QStringLiteral("koi8.pdb")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(pdb.bytes());
+    file.close();
+    DBManager list(false);
+    CardImportTarget target(&list, QTextCodec::codecForName("KOI8-R"));
+    MobileDBImporter importer(&target);
+    QVERIFY(importer.import(file.fileName()));
+    QCOMPARE(target.path(), home.documents() + QStringLiteral("/Книги.card"));
+    DataManager card(target.path());
+    QVERIFY(card.load());
+    QCOMPARE(card.field(0).title, QStringLiteral("При"));
+}
+
+void TestPalmImport::jfileFields_data()
+{
+    QTest::addColumn<int>("index");
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<int>("type");
+    QTest::addColumn<QString>("formula");
+    QTest::addColumn<QString>("defaultValue");
+    QTest::addColumn<QStringList>("items");
+    QTest::newRow("String, default by key a") << 0 << "Item" << 0 << ""
+                                              << "none" << QStringList();
+    QTest::newRow("after a dropped field") << 1 << "Qty" << 1 << ""
+                                           << "" << QStringList();
+    QTest::newRow("70 through the map") << 3 << "Total" << 2 << "[F2] * [F1]"
+                                        << "" << QStringList();
+    QTest::newRow("71 constant") << 4 << "Twice" << 2 << "2 * [F1]"
+                                 << "" << QStringList();
+    QTest::newRow("popup, one item a value") << 5 << "Kind" << 9 << ""
+                                             << "" << QStringList { "a", "b" };
+    QTest::newRow("MultiList default keeps order") << 6 << "Tags" << 13 << ""
+                                                   << "y;x" << QStringList();
+    QTest::newRow("Increment") << 7 << "No" << 14 << ""
+                               << "12;10" << QStringList();
+    QTest::newRow("unknown type") << 12 << "Odd" << 0 << ""
+                                  << "" << QStringList();
+    QTest::newRow("72 previous record") << 13 << "Next" << 2 << "[F3!] + 1"
+                                        << "" << QStringList();
+}
+
+void TestPalmImport::jfileFields()
+{
+    QFETCH(int, index);
+    TestHome home;
+    DataManager card(importSample(QStringLiteral("jfile-good.pdb")));
+    QVERIFY(card.load());
+    QCOMPARE(card.fieldCount(), 14);
+    QCOMPARE(card.description(), QStringLiteral("JFile 5.x imported Card [jfile-good.pdb]"));
+    const FieldDef field = card.field(index);
+    QTEST(field.title, "title");
+    QTEST(field.type, "type");
+    QTEST(field.formula, "formula");
+    QTEST(field.defaultValue, "defaultValue");
+    QTEST(field.items, "items");
+}
+
+void TestPalmImport::jfileValues_data()
+{
+    QTest::addColumn<int>("row");
+    QTest::addColumn<QStringList>("values");
+    QTest::newRow(
+        "day-month name in 1974, M/D/Y, a formula on a missing previous record fails to 0")
+        << 0
+        << QStringList { "Saw", "3", "2.5", "7.5", "6", "a", "p\nq\nr", "12", "1974-02-03",
+               "2003-12-25", "09:30:00", "1", "z", "0" };
+    QTest::newRow("unknown month, empty date, hours only, yes is not 1, previous total")
+        << 1
+        << QStringList { "Axe", "0", "0", "0", "0", "b", "", "13", "", "", "07:00:00", "0", "",
+               "8.5" };
+}
+
+void TestPalmImport::jfileValues()
+{
+    QFETCH(int, row);
+    QFETCH(QStringList, values);
+    TestHome home;
+    DataManager card(importSample(QStringLiteral("jfile-good.pdb")));
+    QVERIFY(card.load());
+    QCOMPARE(card.records().size(), 2);
+    const auto *record = static_cast<const DataRecord *>(card.records().at(row));
+    for (int i = 0; i < values.size(); ++i)
+        QCOMPARE(slotText(card, record, i), values.at(i));
+}
+
+void TestPalmImport::jfileImportValue()
+{
+    TestHome home;
+    DataManager card(importSample(QStringLiteral("jfile-good.pdb"), JFileImporter::ImportValue));
+    QVERIFY(card.load());
+    QCOMPARE(card.field(3).formula, QString());
+    QCOMPARE(card.field(3).type, int(FieldDef::Double));
+    QCOMPARE(static_cast<const DataRecord *>(card.records().at(0))->doubleValue(3), 7.5);
+}
+
+void TestPalmImport::jfileKeys_data()
+{
+    QTest::addColumn<int>("numFields");
+    QTest::addColumn<QByteArrayList>("extensions");
+    QTest::addColumn<int>("field");
+    QTest::addColumn<QByteArray>("defaultValue");
+    QTest::newRow("A is 26") << 50 << QByteArrayList { "defltA", "v" } << 26 << QByteArray("v");
+    QTest::newRow("X is 49") << 50 << QByteArrayList { "defltX", "v" } << 49 << QByteArray("v");
+    QTest::newRow("z is 25, first value")
+        << 50 << QByteArrayList { "defltz", "v", "w" } << 25 << QByteArray("v");
+    QTest::newRow("49 fields leave X unread")
+        << 49 << QByteArrayList { "defltX", "v" } << 48 << QByteArray();
+    QTest::newRow("value before a key dropped")
+        << 50 << QByteArrayList { "v", "defltb" } << 1 << QByteArray();
+}
+
+void TestPalmImport::jfileKeys()
+{
+    QFETCH(int, numFields);
+    QFETCH(QByteArrayList, extensions);
+    QByteArray bytes = fiftyFieldFile(numFields, extensions);
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    JFileReader reader;
+    QVERIFY(reader.read(&buffer));
+    QCOMPARE(reader.fieldCount(), numFields);
+    QFETCH(int, field);
+    QTEST(reader.fields().at(field).defaultValue, "defaultValue");
+}
+
+void TestPalmImport::jfileDates_data()
+{
+    QTest::addColumn<QString>("format");
+    QTest::addColumn<int>("option");
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QDate>("date");
+    QTest::newRow("3 Feb") << "M/D/Y" << 1 << QByteArray("3 Feb") << QDate(1974, 2, 3);
+    QTest::newRow("month names are exact") << "M/D/Y" << 1 << QByteArray("3 feb") << QDate();
+    QTest::newRow("D.M.Y") << "D.M.Y" << 0 << QByteArray("24.12.2003") << QDate(2003, 12, 24);
+    QTest::newRow("Y-M-D") << "Y-M-D" << 0 << QByteArray("2003-12-24") << QDate(2003, 12, 24);
+    QTest::newRow("two-digit year kept") << "M/D/Y" << 0 << QByteArray("1/2/03") << QDate(3, 1, 2);
+    QTest::newRow("missing parts from 1974-07-03")
+        << "D/M/Y" << 0 << QByteArray("9") << QDate(1974, 7, 9);
+    QTest::newRow("empty") << "M/D/Y" << 0 << QByteArray() << QDate();
+}
+
+void TestPalmImport::jfileDates()
+{
+    QFETCH(QString, format);
+    QFETCH(int, option);
+    QFETCH(QByteArray, text);
+    DBManager list(false);
+    CardImportTarget target(&list, nullptr);
+    JFileImporter importer(&target, format, JFileImporter::ImportFormula);
+    QTEST(importer.date(text, option), "date");
+}
+
+void TestPalmImport::jfileTimes_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QTime>("time");
+    QTest::newRow("h:m") << QByteArray("9:30") << QTime(9, 30);
+    QTest::newRow("h.m.s") << QByteArray("9.30.15") << QTime(9, 30, 15);
+    QTest::newRow("hours alone") << QByteArray("7") << QTime(7, 0);
+    QTest::newRow("out of range") << QByteArray("25:00") << QTime();
+    QTest::newRow("empty") << QByteArray() << QTime();
+}
+
+void TestPalmImport::jfileTimes()
+{
+    QFETCH(QByteArray, text);
+    QTEST(JFileImporter::time(text), "time");
+}
+
+namespace
+{
+bool readDatabase(QByteArray bytes, PalmDatabase *database)
+{
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    return database->read(&buffer);
+}
+} // namespace
+
+// Sizes come from the next offset; a last record past the end gets a negative size.
+void TestPalmImport::recordSizes()
+{
+    PalmDatabase database;
+    QVERIFY(readDatabase(PdbWriter("None", "Mdb1", "Mdb1").bytes(), &database));
+    QVERIFY(database.records().isEmpty());
+    PdbWriter pdb("Sizes", "Mdb1", "Mdb1");
+    pdb.addRecord("abcd");
+    pdb.addRecord("ef");
+    QByteArray bytes = pdb.bytes();
+    QVERIFY(readDatabase(bytes, &database));
+    QCOMPARE(database.records().at(0).size, qint64(4));
+    QCOMPARE(database.records().at(1).size, qint64(2));
+    const quint32 pastEnd = qToBigEndian(quint32(bytes.size() + 10));
+    bytes.replace(78 + 8, 4, reinterpret_cast<const char *>(&pastEnd), 4);
+    QVERIFY(readDatabase(bytes, &database));
+    QCOMPARE(database.records().at(1).size, qint64(-10));
+}
+
+QTEST_GUILESS_MAIN(TestPalmImport)
+#include "testpalmimport.moc"
