@@ -143,10 +143,13 @@ void TestImportDialog::textFileRunsWizard()
     whenShown<ImportCSVDialog>([](ImportCSVDialog *step1) {
         QTimer::singleShot(200, step1, [step1] {
             whenShown<ImportCSVDialog2>([](ImportCSVDialog2 *step2) {
-                auto *finish = step2->findChild<QPushButton *>(QStringLiteral("btnOk"));
-                QVERIFY(QTest::qWaitFor([finish] { return finish->isEnabled(); }));
-                answerNext("button2");
-                QTest::mouseClick(finish, Qt::LeftButton);
+                // Answered once its pass over the rows is done, not from inside it.
+                QTimer::singleShot(200, step2, [step2] {
+                    auto *finish = step2->findChild<QPushButton *>(QStringLiteral("btnOk"));
+                    QVERIFY(QTest::qWaitFor([finish] { return finish->isEnabled(); }));
+                    answerNext("button2");
+                    QTest::mouseClick(finish, Qt::LeftButton);
+                });
             });
             QTest::mouseClick(
                 step1->findChild<QPushButton *>(QStringLiteral("btnNext")), Qt::LeftButton);
