@@ -15,8 +15,10 @@
 #include "edit/dataeditor.h"
 #include "edit/fieldeditor.h"
 #include "edit/popupchoosers.h"
+#include "exchange/exportdialog.h"
 #include "exchange/imageview.h"
 #include "exchange/importdialog.h"
+#include "exchange/oldcardconverter.h"
 #include "lib/qt/enterstringdialog.h"
 #include "lib/qt/mlcalculatordialog.h"
 #include "lib/qt/mlyesnodialog.h"
@@ -347,6 +349,8 @@ bool MRLDB::event(QEvent *event)
 
 void MRLDB::createCardList()
 {
+    // Cards of older versions join the list before it is read.
+    OldCardConverter::run();
     cardList = new DBManager(false);
     cardList->load();
 }
@@ -361,6 +365,7 @@ void MRLDB::connectCardActions()
         { "newdb", &MRLDB::dbNew },
         { "modify", &MRLDB::doEditCard },
         { "remove", &MRLDB::doRemoveCard },
+        { "export", &MRLDB::doExport },
         { "import", &MRLDB::doImport },
         { "fields", &MRLDB::fieldsEditor },
         { "pclink", &MRLDB::pcLink },
@@ -375,10 +380,16 @@ void MRLDB::connectCardActions()
         action(QString::fromLatin1(name))->setEnabled(true);
 }
 
-// The last card the import made opens once the dialog closes.
 void MRLDB::doImport()
 {
-    ImportDialog dialog(cardList, QString(), this);
+    importFrom(QString());
+}
+
+// The last card the import made opens once the dialog closes; a stopped text import keeps
+// a card with the rows so far, which opens as well.
+void MRLDB::importFrom(const QString &file)
+{
+    ImportDialog dialog(cardList, file, this);
     dialog.exec();
     if (!dialog.importedPath().isEmpty())
         openCard(dialog.importedPath());
@@ -388,7 +399,7 @@ void MRLDB::doImport()
 // its fields.
 void MRLDB::setCardActionsEnabled(bool enabled)
 {
-    for (const char *name : { "modify", "remove", "new", "clear", "fields" })
+    for (const char *name : { "modify", "remove", "new", "clear", "fields", "export" })
         action(QString::fromLatin1(name))->setEnabled(enabled);
 }
 
@@ -973,6 +984,27 @@ void MRLDB::doRemoveCard()
         dbSelect();
 }
 
+void MRLDB::doExport()
+{
+    if (!manager)
+        return;
+    CsvExporter::Options options;
+    QString path;
+    {
+        // The dialog keeps its options as it goes, after Cancel too.
+        ExportDialog dialog(this);
+        if (dialog.exec() != QDialog::Accepted)
+            return;
+        options = dialog.options();
+        path = dialog.exportFileName(QFileInfo(manager->fullPath()).completeBaseName());
+    }
+    if (path.isNull())
+        return;
+    CsvExporter exporter(options);
+    if (!exporter.write(*manager, path))
+        MRLDialog::critical(tr("Export"), exporter.errorString());
+}
+
 // ---- Documents and reminders ----------------------------------------------------------------
 
 void MRLDB::createAlertDialog()
@@ -1016,9 +1048,13 @@ void MRLDB::setDocument(const QString &file)
     const int choice = MRLDialog::ask(qApp->objectName(), tr("What do you want to do?"),
         QStringLiteral("dialog_warning"), tr("Import"), QStringLiteral("import"), tr("Edit"),
         QStringLiteral("edit"));
-    if (choice == 2)
+    if (choice == 2) {
         handTextToEditor(file);
-    // Importing a text file arrives with the importers.
+        return;
+    }
+    if (choice != 1)
+        return;
+    importFrom(file);
 }
 
 // The text editor takes the file and this program leaves the stage. On a desktop the

@@ -61,6 +61,8 @@ public Q_SLOTS:
     void dbSelect();
     void doEditCard();
     void doRemoveCard();
+    // Writes every record of the open card to a CSV file chosen by the user.
+    void doExport();
     void doImport();
     void fieldsEditor();
     void pcLink();
@@ -153,6 +155,8 @@ private:
     void connectRecordCommands();
     static bool modalDialogRunning();
     void handTextToEditor(const QString &file);
+    // Runs the import dialog, preset to file when one is given, and opens the card made.
+    void importFrom(const QString &file);
     // Runs the record editor on record (taken over when not stored) with editing set.
     void runEditor(DataRecord *record, int page);
     DataRecord *currentRecord() const;

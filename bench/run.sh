@@ -19,3 +19,7 @@ for n in 10000 100000; do
   QT_QPA_PLATFORM=${QT_QPA_PLATFORM:-offscreen} "$build/bench/norvika-openbench" "$work/bench-$n.card" "$runs" 2>/dev/null
   echo
 done
+cmake --build "$build" --parallel "$(nproc)" --target norvika-csvbench >/dev/null
+"$build/cli/norvika-cli" generate --records 100000 --seed 1 "$work/csv-100000.card"
+echo "## CSV, 100000 records"
+"$build/bench/norvika-csvbench" "$work/csv-100000.card" "$build/cli/norvika-cli" "$runs"

@@ -26,11 +26,17 @@ bool ArgumentParser::parse(const QStringList &arguments)
                 return false;
             }
             m_seen.insert(name);
-            m_values.insert(name, arguments.at(++i));
+            m_values[name].append(arguments.at(++i));
         } else {
             m_error = QStringLiteral("unknown option %1").arg(arg);
             return false;
         }
     }
     return true;
+}
+
+QString ArgumentParser::value(const QString &name) const
+{
+    const QStringList given = m_values.value(name);
+    return given.isEmpty() ? QString() : given.constLast();
 }

@@ -19,7 +19,10 @@ public:
     bool parse(const QStringList &arguments);
 
     bool isSet(const QString &name) const { return m_seen.contains(name); }
-    QString value(const QString &name) const { return m_values.value(name); }
+    // The last value given for the option.
+    QString value(const QString &name) const;
+    // Every value given for an option that may be repeated, in command-line order.
+    QStringList values(const QString &name) const { return m_values.value(name); }
     const QStringList &positional() const { return m_positional; }
     QString errorString() const { return m_error; }
 
@@ -27,7 +30,7 @@ private:
     QSet<QString> m_flags;
     QSet<QString> m_valueOptions;
     QSet<QString> m_seen;
-    QHash<QString, QString> m_values;
+    QHash<QString, QStringList> m_values;
     QStringList m_positional;
     QString m_error;
 };

@@ -4,6 +4,7 @@
 #include "cli/cellscommand.h"
 #include "cli/clicommand.h"
 #include "cli/dumpcommand.h"
+#include "cli/exportcommand.h"
 #include "cli/formatcommand.h"
 #include "cli/formulacommand.h"
 #include "cli/generatecommand.h"
@@ -35,6 +36,7 @@ CliApp::CliApp()
     m_commands.push_back(std::make_unique<SendCommand>());
     m_commands.push_back(std::make_unique<GetCommand>());
     m_commands.push_back(std::make_unique<ReportCommand>());
+    m_commands.push_back(std::make_unique<ExportCommand>());
 }
 
 CliApp::~CliApp() = default;

@@ -1,12 +1,13 @@
 #include "cli/importcommand.h"
 
 #include "cli/argumentparser.h"
+#include "cli/csvcommandoptions.h"
+#include "cli/csvimportkind.h"
 #include "cli/jfileimportkind.h"
 #include "cli/mobiledbimportkind.h"
 #include "exchange/cardimporttarget.h"
 #include "store/dbmanager.h"
 
-#include <QTextCodec>
 #include <QTextStream>
 
 namespace
@@ -18,6 +19,7 @@ ImportCommand::ImportCommand()
 {
     m_kinds.push_back(std::make_unique<MobileDBImportKind>());
     m_kinds.push_back(std::make_unique<JFileImportKind>());
+    m_kinds.push_back(std::make_unique<CsvImportKind>());
 }
 
 ImportCommand::~ImportCommand() = default;
@@ -56,9 +58,10 @@ int ImportCommand::run(const ArgumentParser &arguments)
     QString message;
     if (usesForeignOption(kind, arguments, &message) || !kind->check(arguments, &message))
         return usageError(message);
+    // Without --codec the local 8-bit conversion applies, as the dialog's first entry does.
     QTextCodec *textCodec = nullptr;
-    if (!codec(arguments, &textCodec))
-        return usageError(QStringLiteral("unknown codec: %1").arg(arguments.value(codecOption)));
+    if (!CsvCommandOptions::readCodec(arguments, QString(), &textCodec, &message))
+        return usageError(message);
 
     DBManager list(false);
     list.load();
@@ -93,14 +96,4 @@ bool ImportCommand::usesForeignOption(
         }
     }
     return false;
-}
-
-// Without --codec the local 8-bit conversion applies, as the dialog's first entry does.
-bool ImportCommand::codec(const ArgumentParser &arguments, QTextCodec **codec)
-{
-    *codec = nullptr;
-    if (!arguments.isSet(codecOption))
-        return true;
-    *codec = QTextCodec::codecForName(arguments.value(codecOption).toLatin1());
-    return *codec != nullptr;
 }

@@ -7,7 +7,6 @@
 #include <vector>
 
 class ImportKind;
-class QTextCodec;
 
 // "import KIND FILE [--codec NAME] [kind's options]": makes a new card of FILE as the
 // import dialog does, lists it, and prints its path.
@@ -31,7 +30,6 @@ private:
     const ImportKind *find(const QString &name) const;
     bool usesForeignOption(
         const ImportKind *kind, const ArgumentParser &arguments, QString *option) const;
-    static bool codec(const ArgumentParser &arguments, QTextCodec **codec);
 
     std::vector<std::unique_ptr<ImportKind>> m_kinds;
 };

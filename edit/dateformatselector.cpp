@@ -9,13 +9,9 @@
 #include <QHBoxLayout>
 #include <QToolButton>
 
-namespace
-{
-const QString listName = QStringLiteral("dateFormat");
-} // namespace
-
-DateFormatSelector::DateFormatSelector(QWidget *parent)
+DateFormatSelector::DateFormatSelector(QWidget *parent, const QString &listName)
     : QWidget(parent)
+    , m_listName(listName)
     , m_combo(new MLComboBox(false, this))
     , m_button(new QToolButton(this))
 {
@@ -66,7 +62,7 @@ void DateFormatSelector::addCode(const QString &code)
 void DateFormatSelector::reload()
 {
     m_combo->clear();
-    const QStringList codes = MRLPIM::loadDataList(listName);
+    const QStringList codes = MRLPIM::loadDataList(m_listName);
     for (const QString &code : codes)
         addCode(code);
 }
@@ -83,7 +79,7 @@ void DateFormatSelector::activated(int index)
 void DateFormatSelector::edit()
 {
     const QString before = m_format;
-    DateTimeFormatEditor editor(listName, before, this);
+    DateTimeFormatEditor editor(m_listName, before, this);
     const bool accepted = editor.exec() == QDialog::Accepted;
     // The editor writes its list back however it closes.
     reload();

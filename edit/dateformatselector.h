@@ -6,14 +6,16 @@
 class MLComboBox;
 class QToolButton;
 
-// A choice of date format code from the user's list "dateFormat", with a button that opens
-// the format editor on the list. changed() reports a new choice.
+// A choice of date format code from one of the user's lists ("dateFormat", "timeFormat" or
+// "dateTimeFormat"), with a button that opens the format editor on the list. changed()
+// reports a new choice.
 class DateFormatSelector : public QWidget
 {
     Q_OBJECT
 
 public:
-    explicit DateFormatSelector(QWidget *parent = nullptr);
+    explicit DateFormatSelector(
+        QWidget *parent = nullptr, const QString &listName = QStringLiteral("dateFormat"));
 
     // The code chosen; empty when the list is empty.
     QString format() const;
@@ -35,6 +37,7 @@ private:
     void reload();
     void addCode(const QString &code);
 
+    QString m_listName;
     MLComboBox *m_combo;
     QToolButton *m_button;
     QString m_format;

@@ -41,7 +41,7 @@ bool CardImportTarget::begin(
     name.replace(u'/', u'_');
     if (name.isEmpty() || name == QLatin1String(".") || name == QLatin1String(".."))
         name = QFileInfo(sourcePath).completeBaseName();
-    const QString folder = PlatformPaths::documentsDir();
+    const QString folder = m_folder.isEmpty() ? PlatformPaths::documentsDir() : m_folder;
     if (!QDir().mkpath(folder))
         return fail(tr("Cannot create the folder \"%1\".").arg(folder));
     m_path = freePath(folder, name);

@@ -33,8 +33,11 @@ public:
     CardImportTarget(const CardImportTarget &) = delete;
     CardImportTarget &operator=(const CardImportTarget &) = delete;
 
+    QTextCodec *codec() const { return m_codec; }
     QString decode(const QByteArray &bytes) const;
 
+    // The folder the card goes to; the documents folder unless set before begin().
+    void setFolder(const QString &folder) { m_folder = folder; }
     // The name is the database name through the codec, or the source file's base name.
     bool begin(
         const QString &sourcePath, const QByteArray &databaseName, const QString &description);
@@ -58,6 +61,7 @@ private:
     DBManager *m_list;
     QTextCodec *m_codec;
     std::unique_ptr<DataManager> m_card;
+    QString m_folder;
     QString m_path;
     QString m_temporaryPath;
     QString m_errorString;

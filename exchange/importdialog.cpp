@@ -3,6 +3,7 @@
 #include "app/mrldialog.h"
 #include "app/resourceicons.h"
 #include "exchange/cardimporttarget.h"
+#include "exchange/importcsvdialog.h"
 #include "exchange/jfileimporter.h"
 #include "exchange/jfilereader.h"
 #include "exchange/mobiledbimporter.h"
@@ -279,9 +280,17 @@ void ImportDialog::importPalm(const QString &path)
     finished(count, target.path());
 }
 
-bool ImportDialog::importTextFile(const QString &)
+bool ImportDialog::importTextFile(const QString &path)
 {
-    return false;
+    int count = 0;
+    QString card;
+    const bool made = ImportCSVDialog::importFile(m_manager, path, codec(), this, &count, &card);
+    // A stopped wizard keeps a card of the rows so far; it is the one to open.
+    if (!card.isEmpty())
+        m_importedPath = card;
+    if (made)
+        finished(count, card);
+    return made;
 }
 
 void ImportDialog::finished(int count, const QString &path)

@@ -47,8 +47,7 @@ private:
     void addRow(const QString &path, const QString &icon);
     QTextCodec *codec() const;
     void importPalm(const QString &path);
-    // The text wizard's entry: true when a card was made. Until the wizard is built, text
-    // files are not imported.
+    // Runs the text wizard on the file; true when a card was made.
     bool importTextFile(const QString &path);
     void finished(int count, const QString &path);
 

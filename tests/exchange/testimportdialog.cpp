@@ -1,4 +1,6 @@
 #include "app/mrldialog.h"
+#include "exchange/importcsvdialog.h"
+#include "exchange/importcsvdialog2.h"
 #include "exchange/importdialog.h"
 #include "platform/config.h"
 #include "store/dbmanager.h"
@@ -24,6 +26,7 @@ private Q_SLOTS:
     void sourceDecidesFiles();
     void continueThenClose();
     void refusedFileShowsMessage();
+    void textFileRunsWizard();
     void optionsKept();
 };
 
@@ -123,6 +126,39 @@ void TestImportDialog::refusedFileShowsMessage()
     QCOMPARE(listed(), 0);
     QTest::keyClick(&dialog, Qt::Key_Escape);
     QVERIFY(!dialog.isVisible());
+}
+
+// The wizard's steps are pressed through with their defaults (tab delimited), then the
+// common question closes the dialog.
+void TestImportDialog::textFileRunsWizard()
+{
+    TestHome home;
+    QFile text(home.documents() + QStringLiteral("/people.csv"));
+    QVERIFY(text.open(QIODevice::WriteOnly));
+    text.write("Ann\t1\nBob\t2\n");
+    text.close();
+    DBManager list(false);
+    ImportDialog dialog(&list, text.fileName());
+    dialog.show();
+    whenShown<ImportCSVDialog>([](ImportCSVDialog *step1) {
+        QTimer::singleShot(200, step1, [step1] {
+            whenShown<ImportCSVDialog2>([](ImportCSVDialog2 *step2) {
+                // Answered once its pass over the rows is done, not from inside it.
+                QTimer::singleShot(200, step2, [step2] {
+                    auto *finish = step2->findChild<QPushButton *>(QStringLiteral("btnOk"));
+                    QVERIFY(QTest::qWaitFor([finish] { return finish->isEnabled(); }));
+                    answerNext("button2");
+                    QTest::mouseClick(finish, Qt::LeftButton);
+                });
+            });
+            QTest::mouseClick(
+                step1->findChild<QPushButton *>(QStringLiteral("btnNext")), Qt::LeftButton);
+        });
+    });
+    QTest::mouseClick(dialog.findChild<QPushButton *>(QStringLiteral("btnImport")), Qt::LeftButton);
+    QVERIFY(!dialog.isVisible());
+    QCOMPARE(dialog.importedPath(), home.documents() + QStringLiteral("/people.card"));
+    QCOMPARE(listed(), 1);
 }
 
 void TestImportDialog::optionsKept()

@@ -1,0 +1,112 @@
+#include "exchange/textlinereader.h"
+
+#include <QCoreApplication>
+#include <QIODevice>
+#include <QTextCodec>
+
+namespace
+{
+constexpr qint64 chunkSize = 64 * 1024;
+} // namespace
+
+TextLineReader::TextLineReader(QIODevice *device, QTextCodec *codec)
+    : m_device(device)
+    , m_codec(codec ? codec : QTextCodec::codecForLocale())
+{
+    rewind();
+}
+
+TextLineReader::~TextLineReader() = default;
+
+bool TextLineReader::rewind()
+{
+    m_decoder.reset(m_codec->makeDecoder());
+    m_buffer.clear();
+    m_pos = 0;
+    m_scan = 0;
+    m_skipLineFeed = false;
+    m_atEnd = false;
+    m_lineNumber = 0;
+    m_error.clear();
+    return m_device->seek(0);
+}
+
+qint64 TextLineReader::position() const
+{
+    return m_device->pos();
+}
+
+qint64 TextLineReader::size() const
+{
+    return m_device->size();
+}
+
+bool TextLineReader::fill()
+{
+    if (m_atEnd)
+        return false;
+    const QByteArray bytes = m_device->read(chunkSize);
+    if (bytes.isEmpty()) {
+        m_atEnd = true;
+        return false;
+    }
+    m_buffer.remove(0, m_pos);
+    m_scan -= m_pos;
+    m_pos = 0;
+    m_buffer += m_decoder->toUnicode(bytes);
+    return true;
+}
+
+// Looks for the end of a line in what is buffered. The scan goes on where the last one
+// stopped, so a long line is not searched again after every refill.
+bool TextLineReader::takeLine(QString *line)
+{
+    if (m_skipLineFeed && m_pos < m_buffer.size()) {
+        if (m_buffer.at(m_pos) == QLatin1Char('\n'))
+            ++m_pos;
+        m_skipLineFeed = false;
+    }
+    const QChar *data = m_buffer.constData();
+    for (qsizetype i = qMax(m_pos, m_scan); i < m_buffer.size(); ++i) {
+        const QChar c = data[i];
+        if (c != QLatin1Char('\n') && c != QLatin1Char('\r'))
+            continue;
+        *line = m_buffer.mid(m_pos, i - m_pos);
+        m_pos = i + 1;
+        m_scan = m_pos;
+        m_skipLineFeed = c == QLatin1Char('\r');
+        return true;
+    }
+    m_scan = m_buffer.size();
+    return false;
+}
+
+bool TextLineReader::tooLong()
+{
+    m_error = QCoreApplication::translate("TextLineReader", "Line %1: longer than 16 MiB.")
+                  .arg(m_lineNumber + 1);
+    return false;
+}
+
+bool TextLineReader::readLine(QString *line)
+{
+    if (hasError())
+        return false;
+    for (;;) {
+        if (takeLine(line))
+            break;
+        if (m_buffer.size() - m_pos > maxLineLength)
+            return tooLong();
+        if (!fill()) {
+            if (m_pos >= m_buffer.size())
+                return false;
+            *line = m_buffer.mid(m_pos);
+            m_pos = m_buffer.size();
+            break;
+        }
+    }
+    if (line->size() > maxLineLength)
+        return tooLong();
+    ++m_lineNumber;
+    return true;
+}

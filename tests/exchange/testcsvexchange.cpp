@@ -1,0 +1,409 @@
+#include "card/datamanager.h"
+#include "card/datarecord.h"
+#include "exchange/csvcolumn.h"
+#include "exchange/csvexporter.h"
+#include "exchange/csvimporter.h"
+#include "exchange/csvvalueconverter.h"
+#include "exchange/textlinereader.h"
+#include "reminders/reminder.h"
+#include "support/testhome.h"
+
+#include <QFile>
+#include <QTest>
+#include <QTextCodec>
+
+#include <memory>
+
+// Values into and out of delimited text: the conversion table of the import, the quoting
+// and value table of the export, and the round trip with the losses the format has.
+class TestCsvExchange : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void conversion_data();
+    void conversion();
+    void quoting_data();
+    void quoting();
+    void exportFile();
+    void failedExportKeepsOldFile_data();
+    void failedExportKeepsOldFile();
+    void roundTrip_data();
+    void roundTrip();
+};
+
+namespace
+{
+using F = FieldDef;
+
+std::unique_ptr<DataManager> cardOf(
+    const TestHome &home, const QString &name, const QList<int> &types)
+{
+    auto card = std::make_unique<DataManager>(home.file(name));
+    QList<FieldDef> fields;
+    for (int type : types) {
+        FieldDef field;
+        field.title = QStringLiteral("f%1").arg(fields.size());
+        field.type = type;
+        fields << field;
+    }
+    card->setFields(fields, true);
+    return card;
+}
+
+// A field's value in one comparable text form, whatever its type.
+QString valueText(const DataRecord &record, int field, int type)
+{
+    switch (type) {
+    case F::Integer:
+    case F::Bool:
+    case F::Count:
+        return QString::number(record.intValue(field));
+    case F::Double:
+        return QString::number(record.doubleValue(field), 'g', 15);
+    case F::Date:
+        return record.dateValue(field).toString(Qt::ISODate);
+    case F::Time:
+        return record.timeValue(field).toString(Qt::ISODate);
+    case F::DateTime:
+        return record.dateTimeValue(field).toString(Qt::ISODate);
+    case F::Memo:
+        return record.memo();
+    case F::Image:
+        return record.image();
+    case F::Reminder:
+        return record.hasReminder() ? record.reminder()->dateTime.toString(Qt::ISODate) : QString();
+    default:
+        return record.stringValue(field);
+    }
+}
+
+void setValueText(DataRecord *record, int field, int type, const QString &text)
+{
+    switch (type) {
+    case F::Integer:
+    case F::Bool:
+    case F::Count:
+        record->setIntValue(field, text.toInt());
+        break;
+    case F::Double:
+        record->setDoubleValue(field, text.toDouble());
+        break;
+    case F::Date:
+        record->setDateValue(field, QDate::fromString(text, Qt::ISODate));
+        break;
+    case F::Time:
+        record->setTimeValue(field, QTime::fromString(text, Qt::ISODate));
+        break;
+    case F::DateTime:
+        record->setDateTimeValue(field, QDateTime::fromString(text, Qt::ISODate));
+        break;
+    case F::Memo:
+        record->setMemo(text);
+        break;
+    case F::Image:
+        record->setImage(text);
+        break;
+    case F::Reminder: {
+        auto *reminder = new Reminder;
+        reminder->dateTime = QDateTime::fromString(text, Qt::ISODate);
+        record->setReminder(reminder);
+        break;
+    }
+    default:
+        record->setStringValue(field, text);
+        break;
+    }
+}
+
+CsvExporter::Options commaOptions()
+{
+    CsvExporter::Options options;
+    options.format.delimiter = QStringLiteral(",");
+    options.dateFormat = QStringLiteral("YYYY-MM-DD");
+    options.timeFormat = QStringLiteral("hh:mm:ss");
+    options.dateTimeFormat = QStringLiteral("YYYY-MM-DD hh:mm:ss");
+    return options;
+}
+} // namespace
+
+void TestCsvExchange::conversion_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<QString>("format");
+    QTest::addColumn<QString>("decimal");
+    QTest::addColumn<QString>("input");
+    QTest::addColumn<QString>("expected");
+
+    const QString dot = QStringLiteral(".");
+    QTest::newRow("integer with thousands") << int(F::Integer) << "," << dot << "1,234,567"
+                                            << "1234567";
+    QTest::newRow("integer that fails is 0") << int(F::Integer) << "" << dot << "12a"
+                                             << "0";
+    QTest::newRow("count with blank thousands") << int(F::Count) << " " << dot << "12 000"
+                                                << "12000";
+    QTest::newRow("repeated removal from the start") << int(F::Integer) << "ab" << dot << "1aabb2"
+                                                     << "12";
+    QTest::newRow("double with both separators") << int(F::Double) << "."
+                                                 << ","
+                                                 << "1.234,5"
+                                                 << "1234.5";
+    QTest::newRow("double that fails is 0") << int(F::Double) << "" << dot << "x"
+                                            << "0";
+    QTest::newRow("date by code") << int(F::Date) << "DD/MM/YYYY" << dot << "03/04/2005"
+                                  << "2005-04-03";
+    QTest::newRow("two-digit year") << int(F::Date) << "D.M.YY" << dot << "3.4.05"
+                                    << "2005-04-03";
+    QTest::newRow("date that does not fit stays empty")
+        << int(F::Date) << "DD/MM/YYYY" << dot << "2005-04-03"
+        << "";
+    QTest::newRow("time with AM/PM") << int(F::Time) << "hh:mm AM/PM" << dot << "01:05 PM"
+                                     << "13:05:00";
+    QTest::newRow("twelve AM is midnight") << int(F::Time) << "hh:mm AM/PM" << dot << "12:30 AM"
+                                           << "00:30:00";
+    QTest::newRow("date-time") << int(F::DateTime) << "YYYY-MM-DD hh:mm:ss" << dot
+                               << "2004-03-07 18:05:09"
+                               << "2004-03-07T18:05:09";
+    QTest::newRow("text separator to line feeds") << int(F::Text) << "|" << dot << "a|b||c"
+                                                  << "a\nb\n\nc";
+    QTest::newRow("text without separator") << int(F::Text) << "" << dot << "a|b"
+                                            << "a|b";
+    QTest::newRow("memo goes to the memo") << int(F::Memo) << " / " << dot << "a / b"
+                                           << "a\nb";
+    QTest::newRow("bool first of the pair") << int(F::Bool) << "Y/N" << dot << "Y"
+                                            << "1";
+    QTest::newRow("bool compares exactly") << int(F::Bool) << "Y/N" << dot << "y"
+                                           << "0";
+    QTest::newRow("bool pair of three parts") << int(F::Bool) << "a/b/c" << dot << "a"
+                                              << "0";
+    QTest::newRow("image to the base directory")
+        << int(F::Image) << "/home/p" << dot << "/old/pics/a.png"
+        << "/home/p/a.png";
+    QTest::newRow("multilist drops empty items") << int(F::MultiList) << ";" << dot << ";x;;y;"
+                                                 << "x\ny";
+    QTest::newRow("string as it stands") << int(F::String) << "" << dot << " a,b "
+                                         << " a,b ";
+}
+
+void TestCsvExchange::conversion()
+{
+    QFETCH(int, type);
+    QFETCH(QString, format);
+    QFETCH(QString, decimal);
+    QFETCH(QString, input);
+    QFETCH(QString, expected);
+
+    TestHome home;
+    auto card = cardOf(home, QStringLiteral("c.card"), { type });
+    CsvColumn column;
+    column.type = type;
+    column.format = format;
+    column.decimal = decimal;
+    DataRecord record(card.get());
+    CsvValueConverter(column).store(&record, 0, input);
+    QCOMPARE(valueText(record, 0, type), expected);
+}
+
+void TestCsvExchange::quoting_data()
+{
+    QTest::addColumn<QString>("value");
+    QTest::addColumn<QString>("delimiter");
+    QTest::addColumn<QString>("qualifier");
+    QTest::addColumn<QString>("expected");
+
+    QTest::newRow("qualifier doubled") << "a\"b"
+                                       << ","
+                                       << "\""
+                                       << "\"a\"\"b\",";
+    QTest::newRow("numbers quoted too") << "12"
+                                        << ";"
+                                        << "'"
+                                        << "'12';";
+    QTest::newRow("no qualifier, no need") << "ab"
+                                           << ","
+                                           << ""
+                                           << "ab,";
+    QTest::newRow("no qualifier, delimiter inside falls back to \"") << "a,b\"c"
+                                                                     << ","
+                                                                     << ""
+                                                                     << "\"a,b\"\"c\",";
+    QTest::newRow("no qualifier, line feed inside") << "a\nb"
+                                                    << ","
+                                                    << ""
+                                                    << "\"a\nb\",";
+    QTest::newRow("qualifier as a pattern: . doubles all") << "ab"
+                                                           << ","
+                                                           << "."
+                                                           << "......,";
+    QTest::newRow("invalid pattern doubles nothing") << "a(b"
+                                                     << ","
+                                                     << "("
+                                                     << "(a(b(,";
+    QTest::newRow("two-character delimiter") << "a"
+                                             << "::"
+                                             << "\""
+                                             << "\"a\"::";
+}
+
+void TestCsvExchange::quoting()
+{
+    QFETCH(QString, value);
+    QFETCH(QString, delimiter);
+    QFETCH(QString, qualifier);
+    QFETCH(QString, expected);
+
+    CsvExporter::Options options;
+    options.format.delimiter = delimiter;
+    options.format.qualifier = qualifier;
+    QCOMPARE(CsvExporter(options).quoted(value), expected);
+}
+
+void TestCsvExchange::exportFile()
+{
+    TestHome home;
+    auto card = cardOf(home, QStringLiteral("c.card"),
+        { F::String, F::Double, F::Date, F::MultiList, F::Memo, F::Reminder, F::Bool });
+    DataRecord *record = card->newRecord();
+    const QStringList values
+        = { "x\ny", "3.14159265", "2005-04-03", "a\nb,c", "m\nn", "2006-01-02T03:04:05", "1" };
+    for (int i = 0; i < values.size(); ++i)
+        setValueText(record, i, card->field(i).type, values.at(i));
+    record->setCreated(QDateTime(QDate(2004, 3, 7), QTime(18, 5, 9)));
+    record->setUpdated(QDateTime(QDate(2004, 3, 8), QTime(1, 2, 3)));
+    card->insertLoaded(record);
+
+    CsvExporter::Options options = commaOptions();
+    options.format.delimiter = QStringLiteral("::");
+    options.multilineSeparator = QStringLiteral(" / ");
+    const QString path = home.file(QStringLiteral("out.csv"));
+    QVERIFY(CsvExporter(options).write(*card, path));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray bytes = file.readAll();
+    QVERIFY(!bytes.startsWith("\xef\xbb\xbf"));
+    QCOMPARE(QString::fromUtf8(bytes),
+        QStringLiteral("\"f0\"::\"f1\"::\"f2\"::\"f3\"::\"f4\"::\"f5\"::\"f6\"::\"Created "
+                       "Date\"::\"Updated Date\"\n"
+                       "\"x / y\"::\"3.14159\"::\"2005-04-03\"::\"a;b,c\"::\"m / n\"::\"2006-01-02 "
+                       "03:04:05\"::\"1\"::"
+                       "\"2004-03-07 18:05:09\"::\"2004-03-08 01:02:03\"\n"));
+}
+
+void TestCsvExchange::failedExportKeepsOldFile_data()
+{
+    QTest::addColumn<bool>("stop");
+    QTest::addColumn<QString>("target");
+
+    QTest::newRow("folder missing") << false << "missing/out.csv";
+    QTest::newRow("stopped half way") << true << "out.csv";
+}
+
+void TestCsvExchange::failedExportKeepsOldFile()
+{
+    QFETCH(bool, stop);
+    QFETCH(QString, target);
+
+    TestHome home;
+    auto card = cardOf(home, QStringLiteral("c.card"), { F::String });
+    for (int i = 0; i < 3; ++i)
+        card->insertLoaded(card->newRecord());
+    const QString path = home.file(target);
+    QFile old(path);
+    if (old.open(QIODevice::WriteOnly))
+        old.write("old");
+    old.close();
+
+    CsvExporter exporter(commaOptions());
+    int records = 0;
+    exporter.setRecordHook([&] { return !stop || ++records < 2; });
+    QVERIFY(!exporter.write(*card, path));
+    QCOMPARE(exporter.wasStopped(), stop);
+    if (!stop)
+        QCOMPARE(exporter.errorString(), QStringLiteral("Cannot write to file:\n%1").arg(path));
+    QFile after(path);
+    QCOMPARE(after.open(QIODevice::ReadOnly) ? after.readAll() : QByteArray(),
+        stop ? QByteArray("old") : QByteArray());
+}
+
+void TestCsvExchange::roundTrip_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<QString>("value");
+    QTest::addColumn<int>("importType");
+    QTest::addColumn<QString>("importFormat");
+    QTest::addColumn<QString>("expected");
+
+    QTest::newRow("string") << int(F::String) << "a, b" << int(F::String) << ""
+                            << "a, b";
+    QTest::newRow("list") << int(F::List) << "Red" << int(F::List) << ""
+                          << "Red";
+    QTest::newRow("text over lines") << int(F::Text) << "a\nb" << int(F::Text) << "\n"
+                                     << "a\nb";
+    QTest::newRow("memo") << int(F::Memo) << "m\n\"n\"" << int(F::Memo) << "\n"
+                          << "m\n,n,";
+    QTest::newRow("integer") << int(F::Integer) << "-42" << int(F::Integer) << ""
+                             << "-42";
+    QTest::newRow("count") << int(F::Count) << "7" << int(F::Count) << ""
+                           << "7";
+    QTest::newRow("bool") << int(F::Bool) << "1" << int(F::Bool) << "1/0"
+                          << "1";
+    QTest::newRow("date") << int(F::Date) << "2005-04-03" << int(F::Date) << "YYYY-MM-DD"
+                          << "2005-04-03";
+    QTest::newRow("time") << int(F::Time) << "13:05:09" << int(F::Time) << "hh:mm:ss"
+                          << "13:05:09";
+    QTest::newRow("date-time") << int(F::DateTime) << "2004-03-07T18:05:09" << int(F::DateTime)
+                               << "YYYY-MM-DD hh:mm:ss"
+                               << "2004-03-07T18:05:09";
+    QTest::newRow("image") << int(F::Image) << "pics/a.png" << int(F::Image) << ""
+                           << "pics/a.png";
+    QTest::newRow("multilist") << int(F::MultiList) << "x\ny" << int(F::MultiList) << ";"
+                               << "x\ny";
+    // The losses the format has, each exactly as it comes back.
+    QTest::newRow("loss: double at 6 digits")
+        << int(F::Double) << "3.14159265" << int(F::Double) << ""
+        << "3.14159";
+    QTest::newRow("loss: qualifier comes back as the delimiter")
+        << int(F::String) << "say \"hi\"" << int(F::String) << ""
+        << "say ,hi,";
+    QTest::newRow("loss: reminder only as text")
+        << int(F::Reminder) << "2006-01-02T03:04:05" << int(F::String) << ""
+        << "2006-01-02 03:04:05";
+}
+
+void TestCsvExchange::roundTrip()
+{
+    QFETCH(int, type);
+    QFETCH(QString, value);
+    QFETCH(int, importType);
+    QFETCH(QString, importFormat);
+    QFETCH(QString, expected);
+
+    TestHome home;
+    auto card = cardOf(home, QStringLiteral("c.card"), { type });
+    DataRecord *record = card->newRecord();
+    setValueText(record, 0, type, value);
+    card->insertLoaded(record);
+    const QString path = home.file(QStringLiteral("out.csv"));
+    QVERIFY(CsvExporter(commaOptions()).write(*card, path));
+
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    TextLineReader lines(&file, QTextCodec::codecForName("UTF-8"));
+    QList<CsvColumn> columns(3);
+    columns[0].type = importType;
+    columns[0].format = importFormat;
+    columns[1].skip = columns[2].skip = true;
+    CsvFormat format;
+    format.delimiter = QStringLiteral(",");
+    auto imported = cardOf(home, QStringLiteral("i.card"), {});
+    CsvImporter importer(format, columns, 1, true);
+    QCOMPARE(importer.run(lines, imported.get()), CsvImporter::Finished);
+    QCOMPARE(importer.count(), 1);
+    QCOMPARE(imported->fieldCount(), 1);
+    const auto *back = static_cast<const DataRecord *>(imported->records().constFirst());
+    QCOMPARE(valueText(*back, 0, importType), expected);
+    QVERIFY(!back->hasReminder());
+}
+
+QTEST_GUILESS_MAIN(TestCsvExchange)
+#include "testcsvexchange.moc"
