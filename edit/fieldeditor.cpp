@@ -153,7 +153,10 @@ void FieldEditor::newFieldRecord()
     // The form grows once the layout has run; "New Field" stands just below the new row.
     QTimer::singleShot(
         0, m_form, [this] { m_form->ensureWidgetVisible(m_form->newFieldButton()); });
-    row->findChild<QLineEdit *>(QStringLiteral("name"))->setFocus();
+    // The new name is selected, so typing replaces "Field N" as a desktop user expects.
+    auto *name = row->findChild<QLineEdit *>(QStringLiteral("name"));
+    name->setFocus();
+    name->selectAll();
 }
 
 void FieldEditor::extendedMenu()
