@@ -1,5 +1,6 @@
 #include "app/mrlapplication.h"
 #include "app/mrldb.h"
+#include "platform/stopsignals.h"
 
 int main(int argc, char **argv)
 {
@@ -8,6 +9,9 @@ int main(int argc, char **argv)
     if (app.forwardToRunningInstance())
         return 0;
     MRLDB window;
+    // Stopped by the session or a terminal, the program quits as Exit does: the card is saved.
+    StopSignals stopSignals;
+    QObject::connect(&stopSignals, &StopSignals::stopRequested, &app, &QCoreApplication::quit);
     // The window keeps its own size and maximised state between runs.
     app.showMainDocumentWidget(&window, true);
     return app.exec();

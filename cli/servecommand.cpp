@@ -3,23 +3,11 @@
 #include "cli/argumentparser.h"
 #include "pclink/transfercards.h"
 #include "pclink/transferserver.h"
+#include "platform/stopsignals.h"
 #include "store/dbmanager.h"
 
 #include <QEventLoop>
 #include <QTextStream>
-#include <QTimer>
-
-#include <csignal>
-
-namespace
-{
-volatile std::sig_atomic_t stopRequested = 0;
-
-void requestStop(int)
-{
-    stopRequested = 1;
-}
-} // namespace
 
 QString ServeCommand::summary() const
 {
@@ -49,18 +37,8 @@ int ServeCommand::run(const ArgumentParser &arguments)
 
 void ServeCommand::serveUntilStopped()
 {
-    stopRequested = 0;
-    std::signal(SIGINT, requestStop);
-    std::signal(SIGTERM, requestStop);
     QEventLoop loop;
-    // A signal handler may only set a flag; the loop looks at it a few times a second.
-    QTimer poll;
-    QObject::connect(&poll, &QTimer::timeout, &loop, [&loop] {
-        if (stopRequested)
-            loop.quit();
-    });
-    poll.start(100);
+    StopSignals stopSignals;
+    QObject::connect(&stopSignals, &StopSignals::stopRequested, &loop, &QEventLoop::quit);
     loop.exec();
-    std::signal(SIGINT, SIG_DFL);
-    std::signal(SIGTERM, SIG_DFL);
 }
