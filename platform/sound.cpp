@@ -1,16 +1,19 @@
 #include "platform/sound.h"
 
 #include "platform/resource.h"
+#include "platform/soundplayer.h"
 
 #include <QApplication>
 #include <QFileInfo>
-#include <QProcess>
 #include <QStandardPaths>
 
 void Sound::soundAlarm()
 {
-    if (!play(Resource::findSound(QStringLiteral("alarm"))))
+    const QString file = Resource::findSound(QStringLiteral("alarm"));
+    if (file.isEmpty() || player().isEmpty())
         QApplication::beep();
+    else
+        play(file);
 }
 
 QString Sound::player()
@@ -28,14 +31,8 @@ bool Sound::play(const QString &file)
     const QString program = player();
     if (file.isEmpty() || !QFileInfo(file).isFile() || program.isEmpty())
         return false;
-    QProcess process;
-    process.setProgram(program);
-    QStringList arguments;
+    QStringList command { program };
     if (QFileInfo(program).fileName() == QLatin1String("aplay"))
-        arguments << QStringLiteral("-q");
-    process.setArguments(arguments << file);
-    // A player's complaints (no sound server, say) are no business of the program's output.
-    process.setStandardOutputFile(QProcess::nullDevice());
-    process.setStandardErrorFile(QProcess::nullDevice());
-    return process.startDetached();
+        command << QStringLiteral("-q");
+    return SoundPlayer::instance()->play(command << file);
 }

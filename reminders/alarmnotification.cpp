@@ -9,6 +9,8 @@
 #include <QDebug>
 #include <QVariantMap>
 
+#include <utility>
+
 namespace
 {
 const char service[] = "org.freedesktop.Notifications";
@@ -38,7 +40,7 @@ bool AlarmNotification::connectBus()
 {
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) {
-        qDebug() << "No session bus: alarms go without a desktop notification";
+        reportOnce(QStringLiteral("no session bus"));
         return false;
     }
     if (!m_connected)
@@ -48,16 +50,27 @@ bool AlarmNotification::connectBus()
     return true;
 }
 
+// While the service has not yet named the notification on its way, only the newest body
+// waits to replace it: a pile of alarms makes two calls, not one per alarm.
 void AlarmNotification::show(const QString &body)
 {
     if (!connectBus())
         return;
+    m_closeWhenKnown = false;
+    if (m_waiting) {
+        m_next = body;
+        return;
+    }
+    send(body);
+}
+
+void AlarmNotification::send(const QString &body)
+{
     QDBusMessage message = call("Notify");
     message << QCoreApplication::applicationName() << m_id << QStringLiteral("appointment-soon")
             << tr("Card Alarm") << body << QStringList { QStringLiteral("default"), tr("Open") }
             << QVariantMap { { QStringLiteral("urgency"), QVariant::fromValue(critical) } } << 0;
     m_waiting = true;
-    m_closeWhenKnown = false;
     auto *watcher
         = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(message), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, &AlarmNotification::notified);
@@ -67,18 +80,30 @@ void AlarmNotification::notified(QDBusPendingCallWatcher *watcher)
 {
     watcher->deleteLater();
     m_waiting = false;
+    const QString next = std::exchange(m_next, QString());
     const QDBusPendingReply<uint> reply = *watcher;
     if (reply.isError()) {
-        qDebug() << "No desktop notification for the alarm:" << reply.error().message();
+        reportOnce(reply.error().message());
         return;
     }
     m_id = reply.value();
     if (m_closeWhenKnown)
         close();
+    else if (!next.isNull())
+        send(next);
+}
+
+// The alarm goes on without the desktop's notification; saying so once is enough.
+void AlarmNotification::reportOnce(const QString &why)
+{
+    if (std::exchange(m_reported, true))
+        return;
+    qDebug().noquote() << "Alarms go without a desktop notification:" << why;
 }
 
 void AlarmNotification::close()
 {
+    m_next.clear();
     if (m_waiting) {
         m_closeWhenKnown = true;
         return;

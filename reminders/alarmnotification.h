@@ -33,7 +33,9 @@ private Q_SLOTS:
     void actionInvoked(uint id, const QString &action);
 
 private:
+    void send(const QString &body);
     void notified(QDBusPendingCallWatcher *watcher);
+    void reportOnce(const QString &why);
     void sendClose(uint id);
     bool connectBus();
 
@@ -41,6 +43,8 @@ private:
     bool m_waiting = false;
     bool m_closeWhenKnown = false;
     bool m_connected = false;
+    bool m_reported = false;
+    QString m_next;
 };
 
 #endif

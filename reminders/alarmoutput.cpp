@@ -4,11 +4,12 @@
 #include "platform/resource.h"
 #include "platform/sound.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
+#include <QTimer>
 
 #include <fcntl.h>
 #include <sys/ioctl.h>
-#include <unistd.h>
 
 namespace
 {
@@ -21,6 +22,10 @@ const unsigned long buzzerMode = 0x5681;
 const unsigned long buzzerSound = 0x5680;
 const unsigned long ledSet = 0x5681;
 
+// The buzzer sounds three pulses, a second apart.
+const int buzzerPulses = 3;
+const int pulseMilliseconds = 1000;
+
 // The value the LED driver takes for the first pattern; the others follow in order.
 const int firstPattern = 3;
 
@@ -32,6 +37,15 @@ void playScheduleSound()
         = config.readEntry(QStringLiteral("ScheduleAlarm"), QStringLiteral("alarma300"));
     Sound::play(Resource::findSound(QFileInfo(file).baseName()));
 }
+
+// Later pulses come from the event loop, so the window goes on while the buzzer sounds.
+void pulseBuzzer(int fd, int left)
+{
+    ::ioctl(fd, buzzerSound, 4);
+    if (left > 1)
+        QTimer::singleShot(pulseMilliseconds, QCoreApplication::instance(),
+            [fd, left] { pulseBuzzer(fd, left - 1); });
+}
 } // namespace
 
 // The descriptors opened here stay open: the driver expects its node to be held.
@@ -41,18 +55,12 @@ void playAlarm()
     playScheduleSound();
 
     const int fd = ::open(buzzerNode, O_WRONLY);
-    if (fd < 0) {
-        ::sleep(2);
+    if (fd < 0)
         return;
-    }
     int record[3] = { 4, 100, 0 };
     ::ioctl(fd, buzzerSetup, record);
     ::ioctl(fd, buzzerMode, record);
-    ::ioctl(fd, buzzerSound, 4);
-    ::sleep(1);
-    ::ioctl(fd, buzzerSound, 4);
-    ::sleep(1);
-    ::ioctl(fd, buzzerSound, 4);
+    pulseBuzzer(fd, buzzerPulses);
 }
 
 void setLed(bool on, int type)

@@ -42,12 +42,12 @@ QStringList AlertDialog::snoozeChoices()
         tr("3 hours"), tr("6 hours"), tr("1 day") };
 }
 
-// The seconds of now are kept; the day moves by the calendar, so it keeps its clock time
-// across a change of summer time.
+// The seconds of now are kept and its milliseconds dropped, on now itself, so that the
+// second pass of an hour the clocks go back over stays the second. The day moves by the
+// calendar, so it keeps its clock time across a change of summer time.
 QDateTime AlertDialog::snoozeMoment(const QDateTime &now, int choice)
 {
-    const QTime time = now.time();
-    const QDateTime from(now.date(), QTime(time.hour(), time.minute(), time.second()));
+    const QDateTime from = now.addMSecs(-now.time().msec());
     if (choice == OneDay)
         return from.addDays(1);
     return from.addSecs(snoozeSeconds[qBound(0, choice, OneDay - 1)]);

@@ -9,13 +9,11 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QCoreApplication>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QTimer>
 #include <QVBoxLayout>
-
-#include <unistd.h>
 
 namespace
 {
@@ -138,18 +136,18 @@ void ReminderEditor::typeChanged()
     m_test->setEnabled(m_sound->isChecked() || m_ledBox->isChecked());
 }
 
+// The LED stays on for the length of an alarm while the window goes on.
 void ReminderEditor::test()
 {
     m_test->setEnabled(false);
-    QCoreApplication::processEvents();
     const bool led = m_ledBox->isChecked();
     if (led)
         m_setLed(true, m_led->currentIndex());
     if (m_sound->isChecked())
         m_playAlarm();
-    else
-        ::sleep(2);
-    if (led)
-        m_setLed(false, -1);
-    m_test->setEnabled(true);
+    QTimer::singleShot(testMilliseconds, this, [this, led] {
+        if (led)
+            m_setLed(false, -1);
+        m_test->setEnabled(true);
+    });
 }

@@ -19,6 +19,9 @@ class ReminderEditor : public QWidget
     Q_OBJECT
 
 public:
+    // How long a test keeps the LED on: the length of the device's alarm.
+    static constexpr int testMilliseconds = 2000;
+
     // withTime shows the time of the moment beside its date.
     explicit ReminderEditor(bool withTime = true, QWidget *parent = nullptr);
 
@@ -37,7 +40,7 @@ public Q_SLOTS:
     // Switched on, the reminder starts now with sound, LED and the "Normal" pattern.
     void alarmOnOff(bool on);
     void typeChanged();
-    // Plays the alert: LED on, the sound (or its length in silence), LED off.
+    // Plays the alert: LED on and the sound, then after testMilliseconds the LED off.
     void test();
 
 private:

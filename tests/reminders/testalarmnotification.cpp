@@ -1,12 +1,21 @@
 #include "reminders/alarmnotification.h"
 
+#include "card/taskfinder.h"
+#include "reminders/alertdialog.h"
+#include "reminders/reminder.h"
+#include "support/testcard.h"
+#include "support/testhome.h"
+#include "views/listview.h"
+
 #include <QDBusConnection>
 #include <QElapsedTimer>
 #include <QProcess>
+#include <QPushButton>
 #include <QtTest>
 
-// The desktop notification of an alarm against a stand-in notification service on a bus
-// of the test's own, and without any bus (NORVIKA_NO_BUS set), where it must stay silent.
+// The desktop notification of an alarm, raised by the reminder list with the main window
+// away, against a stand-in notification service on a bus of the test's own; and without
+// any bus (NORVIKA_NO_BUS set), where the alarm must go on as usual.
 class StandInServer : public QObject
 {
     Q_OBJECT
@@ -48,15 +57,65 @@ class TestAlarmNotification : public QObject
 private Q_SLOTS:
     void initTestCase();
     void cleanupTestCase();
-    void showReplaceClose_data();
-    void showReplaceClose();
-    void withoutBus();
+    void fromAlarms_data();
+    void fromAlarms();
+    void beforeTheAnswer_data();
+    void beforeTheAnswer();
 
 private:
     bool noBus() const { return qEnvironmentVariableIsSet("NORVIKA_NO_BUS"); }
     QProcess daemon;
     StandInServer server;
 };
+
+namespace
+{
+// A card "notice" of two records with a reminder each, and the list that serves their
+// alarms with no main window to show.
+struct Alarms {
+    TestHome home;
+    std::unique_ptr<DataManager> card
+        = testCard(home.file(QStringLiteral("notice.card")), { testField(0) }, { "a1", "a2" });
+    AlertDialog dialog;
+
+    Alarms()
+    {
+        for (PIMRecord *record : card->view()) {
+            auto *reminder = new Reminder;
+            reminder->dateTime = QDateTime::currentDateTime().addSecs(-60);
+            reminder->led = true;
+            static_cast<DataRecord *>(record)->setReminder(reminder);
+        }
+        dialog.setAlarmOutput([] {}, [](bool, int) {});
+        QObject::connect(
+            &dialog, &AlertDialog::getTask, [this](DataRecord **result, const QString &uid) {
+                *result = TaskFinder::find(card.get(), {}, uid);
+            });
+        QObject::connect(
+            &dialog, &AlertDialog::setupView, [](PIMListView *view, DataRecord *record) {
+                view->setManager(record->manager(), false);
+                static_cast<ListView *>(view)->setFields(
+                    static_cast<DataManager *>(record->manager())->fields());
+                view->setColumns({ 0 });
+                view->init();
+            });
+    }
+    void deliver(int row)
+    {
+        dialog.appMessage(
+            "alarm(QDateTime,int)" + card->view().at(row)->uidString().toLatin1(), {});
+    }
+};
+
+void press(QWidget *dialog, const QString &text)
+{
+    const auto buttons = dialog->findChildren<QPushButton *>();
+    for (QPushButton *button : buttons)
+        if (button->text() == text && button->isVisible())
+            return button->click();
+    QFAIL(qPrintable(QStringLiteral("no button ") + text));
+}
+} // namespace
 
 void TestAlarmNotification::initTestCase()
 {
@@ -83,58 +142,103 @@ void TestAlarmNotification::cleanupTestCase()
     daemon.waitForFinished();
 }
 
-void TestAlarmNotification::showReplaceClose_data()
+void TestAlarmNotification::fromAlarms_data()
 {
+    QTest::addColumn<bool>("whileListing");
     QTest::addColumn<QStringList>("bodies");
-    QTest::addColumn<bool>("closeAtOnce");
     QTest::addColumn<QList<uint>>("replaced");
-    QTest::newRow("one alarm") << QStringList { "a1\nCard" } << false << QList<uint> { 0 };
-    QTest::newRow("second replaces the first")
-        << QStringList { "a1\nCard", "a2\nCard" } << false << QList<uint> { 0, 1 };
-    QTest::newRow("closed before the service answered")
-        << QStringList { "a1\nCard" } << true << QList<uint> { 0 };
+    QTest::addColumn<QList<uint>>("closed");
+    // The row as the list shows it, and the card's title.
+    QTest::newRow("one alarm") << false << QStringList { "a1\nnotice" } << QList<uint> { 0 }
+                               << QList<uint> { 41 };
+    QTest::newRow("second start replaces") << false << QStringList { "a1\nnotice", "a2\nnotice" }
+                                           << QList<uint> { 0, 41 } << QList<uint> { 41 };
+    QTest::newRow("second while listing") << true << QStringList { "a1\nnotice", "a2\nnotice" }
+                                          << QList<uint> { 0, 0 } << QList<uint> { 41, 42 };
 }
 
-void TestAlarmNotification::showReplaceClose()
+// The alert's Ok takes its notification down; the list's Dismiss All takes down one that
+// came while it was up.
+void TestAlarmNotification::fromAlarms()
 {
-    if (noBus())
-        QSKIP("no bus in this run");
+    QFETCH(bool, whileListing);
     QFETCH(QStringList, bodies);
-    QFETCH(bool, closeAtOnce);
-    QFETCH(QList<uint>, replaced);
     server.reset();
-    AlarmNotification notification;
-    for (const QString &body : bodies) {
-        notification.show(body);
-        if (closeAtOnce)
-            break;
-        QTRY_COMPARE(server.bodies.last(), QStringLiteral("Card Alarm|") + body);
-        QTRY_COMPARE(notification.id(), 41u);
-    }
-    notification.close();
-    QTRY_COMPARE(server.closed, QList<uint> { 41 });
-    // Replacing names the id the service gave the first one.
-    QList<uint> expected;
-    for (uint r : replaced)
-        expected << (r ? 41 : 0);
-    QCOMPARE(server.replaced, expected);
-    QCOMPARE(server.bodies.size(), replaced.size() + 1);
+    Alarms alarms;
+    QElapsedTimer clock;
+    bool alerted = false;
+    QTimer answer;
+    answer.setInterval(10);
+    QObject::connect(&answer, &QTimer::timeout, [&] {
+        Alert *alert = alarms.dialog.runningAlert();
+        if (alert && alert->isVisible() && !alerted) {
+            alerted = true;
+            // However the bus fares, the alarm screen comes as fast as ever.
+            QVERIFY(clock.elapsed() < 1000);
+            if (!whileListing && bodies.size() > 1)
+                alarms.deliver(1);
+            if (!noBus())
+                QTRY_COMPARE(server.bodies.size(), 1 + (whileListing ? 1 : bodies.size()));
+            press(alert, QStringLiteral("Ok"));
+        } else if (alarms.dialog.isListing() && alarms.dialog.isVisible()) {
+            answer.stop();
+            if (whileListing) {
+                alarms.deliver(1);
+                if (!noBus())
+                    QTRY_COMPARE(server.bodies.size(), 1 + bodies.size());
+            }
+            press(&alarms.dialog, QStringLiteral("Dismiss All"));
+        }
+    });
+    answer.start();
+    clock.start();
+    alarms.deliver(0);
+    QVERIFY(alerted);
+    QVERIFY(!alarms.dialog.isVisible());
+    if (noBus())
+        return;
+    QFETCH(QList<uint>, closed);
+    QTRY_COMPARE(server.closed, closed);
+    for (int i = 0; i < bodies.size(); ++i)
+        QCOMPARE(server.bodies.at(i + 1), QStringLiteral("Card Alarm|") + bodies.at(i));
+    QTEST(server.replaced, "replaced");
     QCOMPARE(server.hints.value(QStringLiteral("urgency")).toInt(), 2);
     QCOMPARE(server.timeout, 0);
-    QVERIFY(!notification.isShown());
 }
 
-void TestAlarmNotification::withoutBus()
+void TestAlarmNotification::beforeTheAnswer_data()
 {
-    if (!noBus())
-        QSKIP("a bus runs in this run");
+    QTest::addColumn<int>("shows");
+    QTest::addColumn<bool>("closeAtOnce");
+    QTest::addColumn<int>("calls");
+    QTest::newRow("closed before the service answered") << 1 << true << 1;
+    // Only the newest body follows the first, replacing it.
+    QTest::newRow("a pile of alarms") << 100 << false << 2;
+}
+
+void TestAlarmNotification::beforeTheAnswer()
+{
+    QFETCH(int, shows);
+    QFETCH(bool, closeAtOnce);
+    QFETCH(int, calls);
+    server.reset();
     QElapsedTimer clock;
     clock.start();
-    AlarmNotification notification;
-    notification.show(QStringLiteral("a1"));
-    notification.close();
-    QVERIFY(!notification.isShown());
-    QVERIFY(clock.elapsed() < 1000);
+    {
+        AlarmNotification notification;
+        for (int i = 0; i < shows; ++i)
+            notification.show(QStringLiteral("b%1").arg(i));
+        if (closeAtOnce)
+            notification.close();
+        QVERIFY(clock.elapsed() < 1000);
+        if (noBus())
+            return;
+        // The last answer reaches the notification before it goes.
+        QTRY_COMPARE(int(server.bodies.size()) - 1, calls);
+        QTest::qWait(100);
+    }
+    QTRY_COMPARE(server.closed, QList<uint> { 41 });
+    QCOMPARE(server.bodies.last(), QStringLiteral("Card Alarm|b%1").arg(shows - 1));
 }
 
 QTEST_MAIN(TestAlarmNotification)

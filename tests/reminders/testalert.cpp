@@ -3,6 +3,8 @@
 #include "reminders/reminder.h"
 #include "support/testhome.h"
 
+#include <QElapsedTimer>
+#include <QFile>
 #include <QLabel>
 #include <QtTest>
 
@@ -16,7 +18,22 @@ private Q_SLOTS:
     void starts_data();
     void starts();
     void markup();
+    void deviceOutput_data();
+    void deviceOutput();
 };
+
+namespace
+{
+void writeFile(const QString &path, const QByteArray &bytes, QFile::Permissions mode = {})
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+    file.close();
+    if (mode)
+        QVERIFY(file.setPermissions(mode));
+}
+} // namespace
 
 void TestAlert::starts_data()
 {
@@ -74,6 +91,55 @@ void TestAlert::markup()
             && label->text().endsWith(QStringLiteral("/<center>"));
     });
     QVERIFY(found);
+}
+
+// The sound and LED as on a desktop with no sound device or buzzer: starting never waits,
+// and the player, when there is one, plays one sound at a time.
+void TestAlert::deviceOutput_data()
+{
+    QTest::addColumn<bool>("player");
+    QTest::addColumn<int>("starts");
+    QTest::addColumn<int>("played");
+    QTest::newRow("no player") << false << 2 << 0;
+    // Each start's two sounds, the second waiting for the first; the second start's
+    // sounds find the queue full but for one.
+    QTest::newRow("one start") << true << 1 << 2;
+    QTest::newRow("two starts") << true << 2 << 3;
+    QTest::newRow("many starts") << true << 50 << 3;
+}
+
+void TestAlert::deviceOutput()
+{
+    QFETCH(bool, player);
+    QFETCH(int, starts);
+    TestHome home;
+    const QString log = home.file(QStringLiteral("played"));
+    QDir().mkpath(home.file(QStringLiteral("bin")));
+    QDir().mkpath(home.file(QStringLiteral("share/sounds")));
+    qputenv("NORVIKA_SHARE", home.file(QStringLiteral("share")).toLocal8Bit());
+    qputenv("PATH", home.file(QStringLiteral("bin")).toLocal8Bit());
+    for (const char *name : { "alarm", "alarma300" })
+        writeFile(home.file(QStringLiteral("share/sounds/%1.wav").arg(name)), "RIFF");
+    if (player)
+        writeFile(home.file(QStringLiteral("bin/paplay")),
+            "#!/bin/sh\necho start >> " + log.toLocal8Bit() + "\n/bin/sleep 0.3\necho end >> "
+                + log.toLocal8Bit() + "\n",
+            QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    Reminder reminder;
+    reminder.sound = true;
+    reminder.led = true;
+    Alert alert;
+    QElapsedTimer clock;
+    clock.start();
+    for (int i = 0; i < starts; ++i)
+        alert.start(&reminder);
+    QVERIFY2(clock.elapsed() < 500, qPrintable(QString::number(clock.elapsed())));
+    QFETCH(int, played);
+    const QByteArray lines = QByteArray("start\nend\n").repeated(played);
+    QTRY_COMPARE_WITH_TIMEOUT(QFile::exists(log) ? QFile(log).size() : 0, lines.size(), 5000);
+    QTest::qWait(400);
+    QFile file(log);
+    QCOMPARE(file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray(), lines);
 }
 
 QTEST_MAIN(TestAlert)

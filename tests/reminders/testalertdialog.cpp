@@ -26,6 +26,8 @@ private Q_SLOTS:
     void snoozeMoment();
     void buttons_data();
     void buttons();
+    void manyAtOnce_data();
+    void manyAtOnce();
 };
 
 namespace
@@ -45,8 +47,16 @@ struct Window {
     int plays = 0;
     int freed = 0;
 
-    Window()
+    // extra more records of the open card, with reminders due a day ago.
+    explicit Window(int extra = 0)
     {
+        for (int i = 0; i < extra; ++i) {
+            addNamed(*open, { QStringLiteral("r%1").arg(i) });
+            auto *reminder = new Reminder;
+            reminder->dateTime = QDateTime::currentDateTime().addDays(-1);
+            reminder->sound = true;
+            static_cast<DataRecord *>(open->view().last())->setReminder(reminder);
+        }
         for (int row : { 0, 1 })
             setReminder(open->view().at(row), QDateTime::currentDateTime().addSecs(600));
         auto other = testCard(otherPath, { testField(0) }, { "b1" });
@@ -69,6 +79,8 @@ struct Window {
         QObject::connect(
             &dialog, &AlertDialog::setupView, [](PIMListView *view, DataRecord *record) {
                 view->setManager(record->manager(), false);
+                static_cast<ListView *>(view)->setFields(
+                    static_cast<DataManager *>(record->manager())->fields());
                 view->setColumns({ 0 });
                 view->init();
             });
@@ -218,25 +230,39 @@ void TestAlertDialog::snoozeMoment_data()
     QTest::addColumn<QDateTime>("now");
     QTest::addColumn<int>("choice");
     QTest::addColumn<QDateTime>("moment");
-    const QDate day(2030, 6, 10);
-    const QDateTime now(day, QTime(12, 34, 56, 789));
-    const QTime expected[] = { QTime(12, 39, 56), QTime(12, 44, 56), QTime(12, 49, 56),
-        QTime(13, 4, 56), QTime(13, 34, 56), QTime(15, 34, 56), QTime(18, 34, 56) };
+    auto at = [](const char *iso) {
+        return QDateTime::fromString(QString::fromLatin1(iso), Qt::ISODateWithMs).toLocalTime();
+    };
+    // Each choice on a plain day, on the day clocks go from 2:00 to 3:00 and on the day
+    // they go back from 3:00 to 2:00, at the second 1:30 hour: hours are elapsed time, a day
+    // keeps the clock time, the seconds of now stay and its milliseconds go.
+    const struct {
+        const char *day;
+        const char *now;
+        const char *moments[AlertDialog::SnoozeChoiceCount];
+    } days[] = {
+        { "plain", "2030-06-10T12:34:56.789+02:00",
+            { "12:39:56+02:00", "12:44:56+02:00", "12:49:56+02:00", "13:04:56+02:00",
+                "13:34:56+02:00", "15:34:56+02:00", "18:34:56+02:00",
+                "2030-06-11T12:34:56+02:00" } },
+        { "spring", "2030-03-31T01:30:15.500+01:00",
+            { "01:35:15+01:00", "01:40:15+01:00", "01:45:15+01:00", "03:00:15+02:00",
+                "03:30:15+02:00", "05:30:15+02:00", "08:30:15+02:00",
+                "2030-04-01T01:30:15+02:00" } },
+        { "autumn", "2030-10-27T02:30:15.500+01:00",
+            { "02:35:15+01:00", "02:40:15+01:00", "02:45:15+01:00", "03:00:15+01:00",
+                "03:30:15+01:00", "05:30:15+01:00", "08:30:15+01:00",
+                "2030-10-28T02:30:15+01:00" } },
+    };
     const QStringList labels = AlertDialog::snoozeChoices();
-    for (int choice = 0; choice < AlertDialog::OneDay; ++choice)
-        QTest::newRow(qPrintable(labels.at(choice)))
-            << now << choice << QDateTime(day, expected[choice]);
-    QTest::newRow("1 day") << now << int(AlertDialog::OneDay)
-                           << QDateTime(day.addDays(1), QTime(12, 34, 56));
-    // Clocks go from 2:00 to 3:00: hours are elapsed time, a day keeps the clock time.
-    const QDate change(2030, 3, 31);
-    const QDateTime early(change, QTime(1, 30, 15));
-    QTest::newRow("1 hour over the change")
-        << early << int(AlertDialog::OneHour) << QDateTime(change, QTime(3, 30, 15));
-    QTest::newRow("6 hours over the change")
-        << early << int(AlertDialog::SixHours) << QDateTime(change, QTime(8, 30, 15));
-    QTest::newRow("1 day over the change")
-        << early << int(AlertDialog::OneDay) << QDateTime(change.addDays(1), QTime(1, 30, 15));
+    for (const auto &day : days)
+        for (int choice = 0; choice < AlertDialog::SnoozeChoiceCount; ++choice) {
+            const QByteArray moment = day.moments[choice];
+            const QByteArray iso
+                = moment.size() > 14 ? moment : QByteArray(day.now).left(11) + moment;
+            QTest::addRow("%s, %s", day.day, qPrintable(labels.at(choice)))
+                << at(day.now) << choice << at(iso.constData());
+        }
 }
 
 void TestAlertDialog::snoozeMoment()
@@ -301,6 +327,52 @@ void TestAlertDialog::buttons()
     if (button == QLatin1String("Snooze"))
         QVERIFY(qAbs(first->dateTime.secsTo(QDateTime::currentDateTime().addSecs(300))) <= 2
             && first->dateTime != before);
+}
+
+void TestAlertDialog::manyAtOnce_data()
+{
+    QTest::addColumn<int>("alarms");
+    QTest::addColumn<int>("plays");
+    QTest::newRow("one") << 1 << 1;
+    QTest::newRow("two sound") << 2 << 2;
+    QTest::newRow("the third only adds its row") << 3 << 2;
+    QTest::newRow("a thousand after a long absence") << 1000 << 2;
+}
+
+// Alarms that fell due together arrive queued, as the alarm service sends them: each adds
+// its row while the alert is up, the window keeps running, and the sounds stay capped.
+void TestAlertDialog::manyAtOnce()
+{
+    QFETCH(int, alarms);
+    Window w(alarms);
+    AlertDialog &dialog = w.dialog;
+    for (int i = 0; i < alarms; ++i)
+        QMetaObject::invokeMethod(
+            &dialog, [&w, i] { w.deliver(w.message(3 + i)); }, Qt::QueuedConnection);
+    // The longest the event loop went without turning while the alarms arrived.
+    QElapsedTimer sinceTick;
+    qint64 longestGap = 0;
+    QTimer tick;
+    QObject::connect(
+        &tick, &QTimer::timeout, [&] { longestGap = qMax(longestGap, sinceTick.restart()); });
+    tick.start(20);
+    sinceTick.start();
+    int rowsAtAlert = -1;
+    qint64 gapWhileArriving = -1;
+    Answers answers(
+        dialog,
+        [&](Alert *alert) {
+            QTRY_COMPARE(dialog.list()->itemCount(), alarms);
+            rowsAtAlert = dialog.list()->itemCount();
+            gapWhileArriving = longestGap;
+            QTEST(alert->repeatTimerCount(), "plays");
+            pressButton(alert, QStringLiteral("Ok"));
+        },
+        [&](AlertDialog *list) { QTest::keyClick(list, Qt::Key_Escape); });
+    QTest::qWait(0);
+    QCOMPARE(rowsAtAlert, alarms);
+    QTEST(w.plays, "plays");
+    QVERIFY2(gapWhileArriving < 1000, qPrintable(QString::number(gapWhileArriving)));
 }
 
 QTEST_MAIN(TestAlertDialog)
