@@ -1,16 +1,9 @@
+#include "alertwindow.h"
 #include "reminders/alarmnotification.h"
-
-#include "card/taskfinder.h"
-#include "reminders/alertdialog.h"
-#include "reminders/reminder.h"
-#include "support/testcard.h"
-#include "support/testhome.h"
-#include "views/listview.h"
 
 #include <QDBusConnection>
 #include <QElapsedTimer>
 #include <QProcess>
-#include <QPushButton>
 #include <QtTest>
 
 // The desktop notification of an alarm, raised by the reminder list with the main window
@@ -68,55 +61,6 @@ private:
     StandInServer server;
 };
 
-namespace
-{
-// A card "notice" of two records with a reminder each, and the list that serves their
-// alarms with no main window to show.
-struct Alarms {
-    TestHome home;
-    std::unique_ptr<DataManager> card
-        = testCard(home.file(QStringLiteral("notice.card")), { testField(0) }, { "a1", "a2" });
-    AlertDialog dialog;
-
-    Alarms()
-    {
-        for (PIMRecord *record : card->view()) {
-            auto *reminder = new Reminder;
-            reminder->dateTime = QDateTime::currentDateTime().addSecs(-60);
-            reminder->led = true;
-            static_cast<DataRecord *>(record)->setReminder(reminder);
-        }
-        dialog.setAlarmOutput([] {}, [](bool, int) {});
-        QObject::connect(
-            &dialog, &AlertDialog::getTask, [this](DataRecord **result, const QString &uid) {
-                *result = TaskFinder::find(card.get(), {}, uid);
-            });
-        QObject::connect(
-            &dialog, &AlertDialog::setupView, [](PIMListView *view, DataRecord *record) {
-                view->setManager(record->manager(), false);
-                static_cast<ListView *>(view)->setFields(
-                    static_cast<DataManager *>(record->manager())->fields());
-                view->setColumns({ 0 });
-                view->init();
-            });
-    }
-    void deliver(int row)
-    {
-        dialog.appMessage(
-            "alarm(QDateTime,int)" + card->view().at(row)->uidString().toLatin1(), {});
-    }
-};
-
-void press(QWidget *dialog, const QString &text)
-{
-    const auto buttons = dialog->findChildren<QPushButton *>();
-    for (QPushButton *button : buttons)
-        if (button->text() == text && button->isVisible())
-            return button->click();
-    QFAIL(qPrintable(QStringLiteral("no button ") + text));
-}
-} // namespace
-
 void TestAlarmNotification::initTestCase()
 {
     if (noBus()) {
@@ -149,52 +93,50 @@ void TestAlarmNotification::fromAlarms_data()
     QTest::addColumn<QList<uint>>("replaced");
     QTest::addColumn<QList<uint>>("closed");
     // The row as the list shows it, and the card's title.
-    QTest::newRow("one alarm") << false << QStringList { "a1\nnotice" } << QList<uint> { 0 }
+    QTest::newRow("one alarm") << false << QStringList { "a1\na" } << QList<uint> { 0 }
                                << QList<uint> { 41 };
-    QTest::newRow("second start replaces") << false << QStringList { "a1\nnotice", "a2\nnotice" }
-                                           << QList<uint> { 0, 41 } << QList<uint> { 41 };
-    QTest::newRow("second while listing") << true << QStringList { "a1\nnotice", "a2\nnotice" }
+    QTest::newRow("second start replaces")
+        << false << QStringList { "a1\na", "a2\na" } << QList<uint> { 0, 41 } << QList<uint> { 41 };
+    QTest::newRow("second while listing") << true << QStringList { "a1\na", "a2\na" }
                                           << QList<uint> { 0, 0 } << QList<uint> { 41, 42 };
 }
 
-// The alert's Ok takes its notification down; the list's Dismiss All takes down one that
-// came while it was up.
+// With the main window away, each alarm is told; the alert's Ok takes its notification
+// down, and the list's Dismiss All one that came while it was up.
 void TestAlarmNotification::fromAlarms()
 {
     QFETCH(bool, whileListing);
     QFETCH(QStringList, bodies);
     server.reset();
-    Alarms alarms;
+    Window w;
     QElapsedTimer clock;
+    auto told = [&](int count) {
+        if (!noBus())
+            QTRY_COMPARE(int(server.bodies.size()), 1 + count);
+    };
     bool alerted = false;
-    QTimer answer;
-    answer.setInterval(10);
-    QObject::connect(&answer, &QTimer::timeout, [&] {
-        Alert *alert = alarms.dialog.runningAlert();
-        if (alert && alert->isVisible() && !alerted) {
+    Answers answers(
+        w.dialog,
+        [&](Alert *alert) {
             alerted = true;
             // However the bus fares, the alarm screen comes as fast as ever.
             QVERIFY(clock.elapsed() < 1000);
             if (!whileListing && bodies.size() > 1)
-                alarms.deliver(1);
-            if (!noBus())
-                QTRY_COMPARE(server.bodies.size(), 1 + (whileListing ? 1 : bodies.size()));
-            press(alert, QStringLiteral("Ok"));
-        } else if (alarms.dialog.isListing() && alarms.dialog.isVisible()) {
-            answer.stop();
-            if (whileListing) {
-                alarms.deliver(1);
-                if (!noBus())
-                    QTRY_COMPARE(server.bodies.size(), 1 + bodies.size());
+                w.deliver(w.message(1));
+            told(whileListing ? 1 : int(bodies.size()));
+            pressButton(alert, QStringLiteral("Ok"));
+        },
+        [&](AlertDialog *list) {
+            if (whileListing && list->list()->itemCount() == 1) {
+                w.deliver(w.message(1));
+                told(int(bodies.size()));
             }
-            press(&alarms.dialog, QStringLiteral("Dismiss All"));
-        }
-    });
-    answer.start();
+            pressButton(list, QStringLiteral("Dismiss All"));
+        });
     clock.start();
-    alarms.deliver(0);
+    w.deliver(w.message(0));
     QVERIFY(alerted);
-    QVERIFY(!alarms.dialog.isVisible());
+    QVERIFY(!w.dialog.isVisible());
     if (noBus())
         return;
     QFETCH(QList<uint>, closed);
