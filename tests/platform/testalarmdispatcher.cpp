@@ -70,6 +70,11 @@ void TestAlarmDispatcher::missedAlarmDeliveredAtStart()
     QVERIFY(AlarmServer::addAlarm(now.addSecs(-3600), channelName, "older()", 0));
     QVERIFY(AlarmServer::addAlarm(now.addSecs(-60), channelName, "newer()", 0));
     QVERIFY(AlarmServer::addAlarm(now.addSecs(3600), channelName, "future()", 0));
+    // Damaged lines among them cost only themselves.
+    QFile file(AlarmTable::defaultFileName());
+    QVERIFY(file.open(QIODevice::Append));
+    file.write("not an alarm\n2030-13-45T99:00:00Z\ttest/alarms\tbad()\t0\n\t\t\t\n");
+    file.close();
     QCopChannel channel(channelName);
     QSignalSpy spy(&channel, &QCopChannel::received);
     AlarmDispatcher dispatcher;
