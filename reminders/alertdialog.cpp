@@ -68,8 +68,7 @@ void AlertDialog::appMessage(const QByteArray &msg, const QByteArray &)
         postpone(message);
         return;
     }
-    DataRecord *record = nullptr;
-    Q_EMIT getTask(&record, message.mid(int(qstrlen(alarmPrefix))));
+    DataRecord *record = findTask(message.mid(int(qstrlen(alarmPrefix))));
     if (!record)
         return;
     PIMManager *owner = record->manager();
@@ -102,6 +101,18 @@ void AlertDialog::appMessage(const QByteArray &msg, const QByteArray &)
     }
     runAlert(record);
     runList();
+}
+
+// The card on show is asked first: loaded anew, a card that is not open would come back
+// as another card each time, and its alarms would wait for the list to close.
+DataRecord *AlertDialog::findTask(const QString &uid)
+{
+    if (manager)
+        if (PIMRecord *record = manager->findByUid(uid))
+            return static_cast<DataRecord *>(record);
+    DataRecord *record = nullptr;
+    Q_EMIT getTask(&record, uid);
+    return record;
 }
 
 bool AlertDialog::mainWindowAway() const

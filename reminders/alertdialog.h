@@ -72,6 +72,7 @@ Q_SIGNALS:
 
 private:
     bool editorIsFree();
+    DataRecord *findTask(const QString &uid);
     bool mainWindowAway() const;
     QString noticeText(DataRecord *record) const;
     void postpone(const QString &message);

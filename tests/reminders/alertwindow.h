@@ -26,6 +26,7 @@ struct Window {
     QString otherUid;
     AlertDialog dialog;
     bool busy = false;
+    bool cardOpen = true;
     int plays = 0;
     int freed = 0;
 
@@ -50,7 +51,8 @@ struct Window {
             &dialog, &AlertDialog::editDialogIsFree, [this](bool *free) { *free = !busy; });
         QObject::connect(
             &dialog, &AlertDialog::getTask, [this](DataRecord **result, const QString &uid) {
-                *result = TaskFinder::find(open.get(), { otherPath }, uid);
+                *result = TaskFinder::find(
+                    cardOpen ? open.get() : nullptr, { open->fullPath(), otherPath }, uid);
             });
         QObject::connect(&dialog, &AlertDialog::freeManager, [this](PIMManager *manager) {
             if (manager && manager != open.get()) {

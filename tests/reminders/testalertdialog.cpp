@@ -212,11 +212,13 @@ void TestAlertDialog::buttons()
 void TestAlertDialog::manyAtOnce_data()
 {
     QTest::addColumn<int>("alarms");
+    QTest::addColumn<bool>("cardOpen");
     QTest::addColumn<int>("plays");
-    QTest::newRow("one") << 1 << 1;
-    QTest::newRow("two sound") << 2 << 2;
-    QTest::newRow("the third only adds its row") << 3 << 2;
-    QTest::newRow("a thousand after a long absence") << 1000 << 2;
+    QTest::newRow("one") << 1 << true << 1;
+    QTest::newRow("two sound") << 2 << true << 2;
+    QTest::newRow("the third only adds its row") << 3 << true << 2;
+    QTest::newRow("a thousand after a long absence") << 1000 << true << 2;
+    QTest::newRow("a thousand of a card not open") << 1000 << false << 2;
 }
 
 // Alarms that fell due together arrive queued, as the alarm service sends them: each adds
@@ -224,8 +226,11 @@ void TestAlertDialog::manyAtOnce_data()
 void TestAlertDialog::manyAtOnce()
 {
     QFETCH(int, alarms);
+    QFETCH(bool, cardOpen);
     Window w(alarms);
     AlertDialog &dialog = w.dialog;
+    w.cardOpen = cardOpen;
+    QVERIFY(w.open->save());
     for (int i = 0; i < alarms; ++i)
         QMetaObject::invokeMethod(
             &dialog, [&w, i] { w.deliver(w.message(3 + i)); }, Qt::QueuedConnection);
@@ -252,6 +257,10 @@ void TestAlertDialog::manyAtOnce()
     QTest::qWait(0);
     QCOMPARE(rowsAtAlert, alarms);
     QTEST(w.plays, "plays");
+    // The card loaded for the list goes once it closes.
+    QCOMPARE(w.freed, cardOpen ? 0 : 1);
+    // The card loaded for the list goes once it closes.
+    QCOMPARE(w.freed, cardOpen ? 0 : 1);
     QVERIFY2(gapWhileArriving < 1000, qPrintable(QString::number(gapWhileArriving)));
 }
 
