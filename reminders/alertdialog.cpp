@@ -1,6 +1,8 @@
 #include "reminders/alertdialog.h"
 
+#include "card/datamanager.h"
 #include "card/datarecord.h"
+#include "platform/alarmserver.h"
 #include "platform/qpeapplication.h"
 #include "reminders/alarmnotification.h"
 #include "reminders/reminder.h"
@@ -34,6 +36,15 @@ AlertDialog::AlertDialog(QWidget *parent)
     connect(&checkTimer, &QTimer::timeout, this, &AlertDialog::check);
     connect(notification, &AlarmNotification::activated, this, &AlertDialog::raiseMainWindow);
     selected(nullptr);
+}
+
+// Alarms still waiting go back to the alarm service, due at once, so the next start
+// brings them instead of their being lost with the program.
+AlertDialog::~AlertDialog()
+{
+    for (const QString &message : std::as_const(pending))
+        AlarmServer::addAlarm(
+            QDateTime::currentDateTime(), DataManager::alarmChannel, message.toLatin1(), 0);
 }
 
 QStringList AlertDialog::snoozeChoices()

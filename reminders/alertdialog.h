@@ -37,6 +37,7 @@ public:
     };
 
     explicit AlertDialog(QWidget *parent = nullptr);
+    ~AlertDialog() override;
 
     // The moment a snooze of the given choice moves a reminder to, from now.
     static QDateTime snoozeMoment(const QDateTime &now, int choice);

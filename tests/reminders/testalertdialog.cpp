@@ -21,6 +21,7 @@ private Q_SLOTS:
     void buttons();
     void manyAtOnce_data();
     void manyAtOnce();
+    void pendingKeptAtQuit();
 };
 
 namespace
@@ -262,6 +263,23 @@ void TestAlertDialog::manyAtOnce()
     // The card loaded for the list goes once it closes.
     QCOMPARE(w.freed, cardOpen ? 0 : 1);
     QVERIFY2(gapWhileArriving < 1000, qPrintable(QString::number(gapWhileArriving)));
+}
+
+void TestAlertDialog::pendingKeptAtQuit()
+{
+    TestHome home;
+    const QByteArray message = "alarm(QDateTime,int)0f8fad5b-d9cb-469f-a165-70867728950e";
+    {
+        AlertDialog dialog;
+        QObject::connect(
+            &dialog, &AlertDialog::editDialogIsFree, [](bool *free) { *free = false; });
+        dialog.appMessage(message, {});
+        QCOMPARE(dialog.pendingMessages().size(), 1);
+    }
+    AlarmTable table;
+    QCOMPARE(table.alarms().size(), 1);
+    QCOMPARE(table.alarms().first().message, message);
+    QVERIFY(table.alarms().first().when <= QDateTime::currentDateTime());
 }
 
 QTEST_MAIN(TestAlertDialog)
