@@ -160,6 +160,11 @@ void AlertDialog::postpone(const QString &message)
 void AlertDialog::addRow(DataRecord *record)
 {
     Q_EMIT raiseMainWindow();
+    // The main window come to the front must not bury what the user is to answer.
+    if (alert)
+        alert->raise();
+    else if (inDialog)
+        raise();
     lv->newTask(record);
     setWindowTitle(QString::number(lv->itemCount()) + QLatin1Char(' ') + tr("Reminders"));
 }
