@@ -194,13 +194,33 @@ QList<int> DataManager::currentColumns() const
     return all;
 }
 
-bool DataManager::accept(PIMRecord *record)
+const FilterDef *DataManager::activeFilter() const
 {
     if (m_currentFilter == -2)
-        return m_adHocFilter.accept(*dataRecord(record), m_fields);
+        return &m_adHocFilter;
     if (m_currentFilter < 0 || m_currentFilter >= m_filters.size())
-        return true;
-    return m_filters.at(m_currentFilter).accept(*dataRecord(record), m_fields);
+        return nullptr;
+    return &m_filters.at(m_currentFilter);
+}
+
+bool DataManager::accept(PIMRecord *record)
+{
+    if (m_pass)
+        return m_pass->accept(*dataRecord(record));
+    const FilterDef *filter = activeFilter();
+    return !filter || filter->accept(*dataRecord(record), m_fields);
+}
+
+// The matcher lives for one pass only, so no change of filter or schema can outdate it.
+void DataManager::beginAcceptPass()
+{
+    if (const FilterDef *filter = activeFilter())
+        m_pass.emplace(filter->conditions, m_fields);
+}
+
+void DataManager::endAcceptPass()
+{
+    m_pass.reset();
 }
 
 void DataManager::setDescription(const QString &description)
@@ -475,7 +495,7 @@ void DataManager::makeSortKeys(PIMRecord *record)
     const int column = sortColumn();
     if (column < 0 || column >= fieldCount())
         return;
-    record->setSortKeys(QStringList { sortKey(dataRecord(record), column) });
+    record->setSortKey(sortKey(dataRecord(record), column));
 }
 
 QString DataManager::sortKey(const DataRecord *record, int column) const

@@ -4,12 +4,15 @@
 #include "card/fielddef.h"
 #include "store/pimmanager.h"
 #include "views/filterdef.h"
+#include "views/filtermatcher.h"
 #include "views/viewdef.h"
 
 #include <QByteArray>
 #include <QList>
 #include <QString>
 #include <QStringList>
+
+#include <optional>
 
 class DataRecord;
 class FormulaEvaluator;
@@ -86,6 +89,8 @@ public:
 
 protected:
     bool accept(PIMRecord *record) override;
+    void beginAcceptPass() override;
+    void endAcceptPass() override;
     void writeHeader(QDataStream &stream) const override;
     void readHeader(QDataStream &stream) override;
     void resetHeader() override;
@@ -101,6 +106,8 @@ private:
     void addAlarm(const DataRecord *record);
     void deleteAlarm(const DataRecord *record);
 
+    // The filter records must pass, or null when all pass.
+    const FilterDef *activeFilter() const;
     bool readFields(QDataStream &stream);
     bool readFilters(QDataStream &stream);
     bool readViews(QDataStream &stream);
@@ -124,6 +131,7 @@ private:
     int m_currentFilter = -1;
     int m_currentView = -1;
     FilterDef m_adHocFilter;
+    std::optional<FilterMatcher> m_pass;
     QString m_description;
     QString m_icon;
     QString m_password;

@@ -735,6 +735,7 @@ void PIMManager::rebuildView(bool force)
 
 void PIMManager::fillView()
 {
+    beginAcceptPass();
     if (m_sortAscending) {
         for (PIMRecord *record : std::as_const(m_records)) {
             if (accept(record))
@@ -746,6 +747,7 @@ void PIMManager::fillView()
                 m_view.append(*it);
         }
     }
+    endAcceptPass();
 }
 
 void PIMManager::insertIntoView(PIMRecord *record)
@@ -788,6 +790,14 @@ qsizetype PIMManager::descendingPosition(const PIMRecord *record) const
 bool PIMManager::accept(PIMRecord *)
 {
     return true;
+}
+
+void PIMManager::beginAcceptPass()
+{
+}
+
+void PIMManager::endAcceptPass()
+{
 }
 
 void PIMManager::recordAdding(PIMRecord *)

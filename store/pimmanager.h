@@ -119,6 +119,9 @@ protected:
     bool event(QEvent *event) override;
 
     virtual bool accept(PIMRecord *record);
+    // Bracket the accept calls of one pass over all records, for work done once per pass.
+    virtual void beginAcceptPass();
+    virtual void endAcceptPass();
     virtual void writeHeader(QTextStream &stream) const;
     virtual void readHeader(const QStringList &tokens);
     virtual void writeHeader(QDataStream &stream) const;

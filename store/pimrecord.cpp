@@ -126,6 +126,14 @@ bool PIMRecord::lessThan(const PIMRecord &other) const
     return !ascending;
 }
 
+void PIMRecord::setSortKey(const QString &key)
+{
+    if (m_sortKeys.size() == 1)
+        m_sortKeys.first() = key;
+    else
+        m_sortKeys = QStringList { key };
+}
+
 bool PIMRecord::sortKeysEqual(const PIMRecord &other) const
 {
     for (qsizetype i = 0; i < m_sortKeys.size(); ++i) {

@@ -55,6 +55,8 @@ public:
 
     // Sort keys
     void setSortKeys(const QStringList &keys) { m_sortKeys = keys; }
+    // The same for one key, reusing the list a record already has.
+    void setSortKey(const QString &key);
     const QStringList &sortKeys() const { return m_sortKeys; }
     bool lessThan(const PIMRecord &other) const;
     bool sortKeysEqual(const PIMRecord &other) const;

@@ -3,6 +3,7 @@
 #include "store/pimmanager.h"
 #include "store/pimrecord.h"
 
+#include <algorithm>
 #include <utility>
 
 void RecordSorter::sort(QList<PIMRecord *> &records)
@@ -42,7 +43,7 @@ RecordSorter::Entry RecordSorter::entry(PIMRecord *record)
         return e;
     const QString &first = keys.first();
     e.firstKey = first;
-    for (int i = 0; i < 4 * packedWords && i < first.size(); ++i)
+    for (int i = 0; i < packedChars && i < first.size(); ++i)
         e.packed[i / 4] |= quint64(first.at(i).unicode()) << (16 * (3 - i % 4));
     return e;
 }
@@ -56,8 +57,12 @@ bool RecordSorter::lessThan(const Entry &a, const Entry &b)
     int order = 0;
     for (int w = 0; w < packedWords && order == 0; ++w)
         order = a.packed[w] < b.packed[w] ? -1 : (a.packed[w] > b.packed[w] ? 1 : 0);
-    if (order == 0 && a.keyCount == 1)
-        order = a.firstKey.compare(b.firstKey) < 0 ? -1 : 1;
+    if (order == 0 && a.keyCount == 1) {
+        // Equal packings mean equal characters up to the shorter key or the packed length.
+        const qsizetype same
+            = std::min<qsizetype>(packedChars, std::min(a.firstKey.size(), b.firstKey.size()));
+        order = a.firstKey.sliced(same).compare(b.firstKey.sliced(same)) < 0 ? -1 : 1;
+    }
     if (order < 0)
         return a.ascending;   // the first key is less
     if (a.keyCount == 1)

@@ -20,9 +20,10 @@ public:
 private:
     // A record with the first characters of its first key packed beside it: most
     // comparisons are decided here, without reaching into the record's keys in memory.
-    static constexpr int packedWords = 2;
+    static constexpr int packedWords = 4;
+    static constexpr int packedChars = 4 * packedWords;
     struct Entry {
-        // The first 8 characters of the first key, four to a word, the first in the high bits.
+        // The first 16 characters of the first key, four to a word, the first in the high bits.
         quint64 packed[packedWords] = {};
         // The whole first key, held by the record's key list for as long as the sort runs.
         QStringView firstKey;

@@ -2,6 +2,8 @@
 
 #include "app/resourceicons.h"
 #include "card/datamanager.h"
+#include "lib/qt/mltoolbutton.h"
+#include "lib/qt/mlyesnodialog.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -77,14 +79,7 @@ ColumnSetup::ColumnSetup(DataManager *manager, int index, QWidget *parent, const
         fillChoosers(manager->sortColumn(), manager->sortOrder(), uuid);
     }
     currentChanged();
-}
-
-QPushButton *ColumnSetup::addButton(const char *name, const QString &icon)
-{
-    auto *button = new QPushButton(loadIconSet(icon), QString(), this);
-    button->setObjectName(QString::fromLatin1(name));
-    button->setAutoDefault(false);
-    return button;
+    startView = shownView();
 }
 
 void ColumnSetup::buildWidgets()
@@ -108,10 +103,10 @@ void ColumnSetup::buildWidgets()
     }
     allcolumns->setObjectName(QStringLiteral("allcolumns"));
     list->setObjectName(QStringLiteral("list"));
-    btnGet = addButton("btnGet", QStringLiteral("forward"));
-    btnRemove = addButton("btnRemove", QStringLiteral("remove"));
-    btnUp = addButton("btnUp", QStringLiteral("up"));
-    btnDown = addButton("btnDown", QStringLiteral("down"));
+    btnGet = MLToolButton::create(this, "btnGet", QStringLiteral("forward"));
+    btnRemove = MLToolButton::create(this, "btnRemove", QStringLiteral("remove"));
+    btnUp = MLToolButton::create(this, "btnUp", QStringLiteral("up"));
+    btnDown = MLToolButton::create(this, "btnDown", QStringLiteral("down"));
 
     auto *form = new QFormLayout;
     form->addRow(tr("View Name:"), vname);
@@ -226,7 +221,7 @@ void ColumnSetup::currentChanged()
     btnDown->setEnabled(row >= 0 && row + 1 < list->topLevelItemCount());
 }
 
-void ColumnSetup::apply()
+ViewDef ColumnSetup::shownView() const
 {
     ViewDef view;
     view.title = vname->text();
@@ -238,6 +233,22 @@ void ColumnSetup::apply()
     const int chosen = filter->currentIndex() - 1;
     if (chosen >= 0 && chosen < filters.size())
         view.filter = filters.at(chosen).uuidString();
+    return view;
+}
+
+// Leaving with Escape or the window's button drops what was typed or picked; a view left
+// as it was shown goes without a question.
+void ColumnSetup::reject()
+{
+    if (shownView() != startView
+        && !MLYesNoDialog::ask(windowTitle(), tr("Discard the changes to this view?")))
+        return;
+    QDialog::reject();
+}
+
+void ColumnSetup::apply()
+{
+    const ViewDef view = shownView();
     QList<ViewDef> views = manager->views();
     if (index >= 0 && index < views.size())
         views[index] = view;

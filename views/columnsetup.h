@@ -1,6 +1,8 @@
 #ifndef COLUMNSETUP_H
 #define COLUMNSETUP_H
 
+#include "views/viewdef.h"
+
 #include <QDialog>
 
 class DataManager;
@@ -33,16 +35,19 @@ public Q_SLOTS:
     void doUp();
     void doDown();
     void currentChanged();
+    // Asks before an edited view is thrown away.
+    void reject() override;
 
 private:
     void buildWidgets();
     void fillChoosers(int sortColumn, bool ascending, const QString &filter);
     void addColumnRow(QTreeWidget *to, int field);
-    QPushButton *addButton(const char *name, const QString &icon);
     void moveCurrent(int by);
+    ViewDef shownView() const;
 
     DataManager *manager;
     const int index;
+    ViewDef startView;
 
     QLineEdit *vname = nullptr;
     QComboBox *sort = nullptr;

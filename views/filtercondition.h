@@ -55,12 +55,9 @@ public:
 
     bool operator==(const FilterCondition &other) const = default;
 
-    // True if the record passes. fields is the schema of the record's card.
+    // True if the record passes. fields is the schema of the record's card. A pass over
+    // many records makes one FilterMatcher instead.
     bool accept(const DataRecord &record, const QList<FieldDef> &fields) const;
-
-    // The test of the text types: value is the record's text, text the condition's.
-    // Only "is (exactly)" is case-sensitive; "ends with" looks at the first occurrence only.
-    static bool textMatches(int op, const QString &value, const QString &text);
 
     // The labels of the condition chooser, in code order, for a field type; the text
     // operators also serve "All Text Fields". An unknown type has none.
@@ -76,15 +73,6 @@ public:
     bool read(QDataStream &stream);
     // The least a stored condition takes: five 32-bit items, a string length and a double.
     static constexpr qint64 minStoredSize = 4 + 4 + 4 + 4 + 8 + 4 + 4;
-
-private:
-    bool acceptField(const DataRecord &record, int type) const;
-    bool acceptAllTextFields(const DataRecord &record, const QList<FieldDef> &fields) const;
-    bool acceptMultiList(const QString &value) const;
-    template <typename T> bool compareNumber(T value, T operand) const;
-    template <typename T> bool compareMoment(const T &value, const T &operand) const;
-    bool compareDateTime(const QDate &valueDate, const QTime &valueTime) const;
-    bool answerMatches(bool present) const;
 };
 
 #endif

@@ -1,6 +1,7 @@
 #include "views/filterdef.h"
 
 #include "store/binaryformat.h"
+#include "views/filtermatcher.h"
 
 #include <QDataStream>
 
@@ -29,11 +30,7 @@ bool FilterDef::operator==(const FilterDef &other) const
 
 bool FilterDef::accept(const DataRecord &record, const QList<FieldDef> &fields) const
 {
-    for (const FilterCondition &condition : conditions) {
-        if (!condition.accept(record, fields))
-            return false;
-    }
-    return true;
+    return FilterMatcher(conditions, fields).accept(record);
 }
 
 bool FilterDef::remapFields(const QList<int> &newIndexOfOld)

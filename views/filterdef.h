@@ -35,6 +35,7 @@ public:
     bool operator!=(const FilterDef &other) const { return !(*this == other); }
 
     // True if the record passes every condition; a filter without conditions passes all.
+    // A pass over many records makes one FilterMatcher instead.
     bool accept(const DataRecord &record, const QList<FieldDef> &fields) const;
 
     // Follows a schema change: newIndexOfOld[i] is the new index of old field i, or -1 if

@@ -6,6 +6,8 @@
 #include "lib/qt/mlcalculatordialog.h"
 #include "lib/qt/mldateedit.h"
 #include "lib/qt/mltimeedit.h"
+#include "lib/qt/mlyesnodialog.h"
+#include "views/filtermatcher.h"
 
 #include <QComboBox>
 #include <QDateTimeEdit>
@@ -98,6 +100,7 @@ FilterEditorDialog::FilterEditorDialog(
         // Find is for typing at once.
         valBase->findChild<QWidget *>(valueName)->setFocus();
     }
+    startFilter = shownFilter();
 }
 
 void FilterEditorDialog::buildWidgets(bool find)
@@ -434,14 +437,35 @@ void FilterEditorDialog::scheduleCount()
 // The same test the find makes once accepted, over every record of the card.
 void FilterEditorDialog::countMatches()
 {
-    FilterDef find;
-    find.conditions
-        = working.isEmpty() ? QList<FilterCondition> { conditionFromWidgets() } : working;
+    const FilterMatcher find(
+        working.isEmpty() ? QList<FilterCondition> { conditionFromWidgets() } : working, fields);
     int count = 0;
     for (const PIMRecord *record : manager->records())
-        count += find.accept(*static_cast<const DataRecord *>(record), fields) ? 1 : 0;
+        count += find.accept(*static_cast<const DataRecord *>(record)) ? 1 : 0;
     matches->setText(tr("%1 records match").arg(count));
     emit matchesCounted(count);
+}
+
+// The name, the list and the condition the widgets make: all that leaving may throw away.
+FilterDef FilterEditorDialog::shownFilter() const
+{
+    FilterDef shown;
+    shown.title = fname->text();
+    shown.conditions = working;
+    shown.conditions << conditionFromWidgets();
+    return shown;
+}
+
+// A find is dropped on purpose; a filter edited since the dialog opened is asked about.
+void FilterEditorDialog::reject()
+{
+    if (index != Find) {
+        const FilterDef shown = shownFilter();
+        if ((shown.title != startFilter.title || shown.conditions != startFilter.conditions)
+            && !MLYesNoDialog::ask(windowTitle(), tr("Discard the changes to this filter?")))
+            return;
+    }
+    QDialog::reject();
 }
 
 void FilterEditorDialog::apply()

@@ -38,6 +38,8 @@ public Q_SLOTS:
     void addCondition();
     void removeCondition();
     void calculateValue();
+    // Asks before an edited filter is thrown away.
+    void reject() override;
 
 Q_SIGNALS:
     // One pass of the live count of find is done.
@@ -60,11 +62,13 @@ private:
     QString valueText(const FilterCondition &condition) const;
     void appendRow(const FilterCondition &condition);
     void watchValue();
+    FilterDef shownFilter() const;
 
     DataManager *manager;
     const int index;
     const QList<FieldDef> fields;
     QList<FilterCondition> working;
+    FilterDef startFilter;
 
     QLineEdit *fname = nullptr;
     QComboBox *fs = nullptr;

@@ -3,6 +3,7 @@
 #include "app/mrldialog.h"
 #include "app/resourceicons.h"
 #include "card/datamanager.h"
+#include "lib/qt/mltoolbutton.h"
 
 #include <QGuiApplication>
 #include <QHBoxLayout>
@@ -28,14 +29,6 @@ NamedListDialog::NamedListDialog(
     buildWidgets();
 }
 
-QPushButton *NamedListDialog::addButton(const char *name, const QString &icon)
-{
-    auto *button = new QPushButton(loadIconSet(icon), QString(), this);
-    button->setObjectName(QString::fromLatin1(name));
-    button->setAutoDefault(false);
-    return button;
-}
-
 void NamedListDialog::buildWidgets()
 {
     list = new QTreeWidget(this);
@@ -46,16 +39,16 @@ void NamedListDialog::buildWidgets()
     list->hideColumn(indexColumn);
     if (const QScreen *screen = QGuiApplication::primaryScreen())
         list->setColumnWidth(0, std::max(screen->size().width(), screen->size().height()));
-    btnNew = addButton("btnNew", QStringLiteral("filenew"));
-    btnEdit = addButton("btnEdit", QStringLiteral("edit"));
-    btnRemove = addButton("btnRemove", QStringLiteral("remove"));
-    btnSort = addButton("btnSort", QStringLiteral("sort-name"));
-    btnUp = addButton("btnUp", QStringLiteral("up"));
-    btnDown = addButton("btnDown", QStringLiteral("down"));
-    btnSelect = addButton("btnSelect", QStringLiteral("button_ok"));
+    btnNew = MLToolButton::create(this, "btnNew", QStringLiteral("filenew"));
+    btnEdit = MLToolButton::create(this, "btnEdit", QStringLiteral("edit"));
+    btnRemove = MLToolButton::create(this, "btnRemove", QStringLiteral("remove"));
+    btnSort = MLToolButton::create(this, "btnSort", QStringLiteral("sort-name"));
+    btnUp = MLToolButton::create(this, "btnUp", QStringLiteral("up"));
+    btnDown = MLToolButton::create(this, "btnDown", QStringLiteral("down"));
+    btnSelect = MLToolButton::create(this, "btnSelect", QStringLiteral("button_ok"));
     btnSelect->setText(tr("Select"));
     btnSelect->setDefault(true);
-    btnClose = addButton("btnClose", QStringLiteral("button_cancel"));
+    btnClose = MLToolButton::create(this, "btnClose", QStringLiteral("button_cancel"));
     btnClose->setText(tr("Close"));
 
     auto *tools = new QHBoxLayout;

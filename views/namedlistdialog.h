@@ -49,7 +49,6 @@ private Q_SLOTS:
 
 private:
     void buildWidgets();
-    QPushButton *addButton(const char *name, const QString &icon);
     int currentRow() const;
     void moveCurrent(int by);
 

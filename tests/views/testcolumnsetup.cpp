@@ -1,7 +1,9 @@
+#include "app/mrldialog.h"
 #include "app/resourceicons.h"
 #include "card/datamanager.h"
 #include "support/testcard.h"
 #include "support/testhome.h"
+#include "support/whenshown.h"
 #include "views/columnsetup.h"
 #include "views/viewlistdialog.h"
 
@@ -23,6 +25,8 @@ private Q_SLOTS:
     void newViewFromButtons();
     void listSelectsView_data();
     void listSelectsView();
+    void escapeAsksWhenEdited_data();
+    void escapeAsksWhenEdited();
 
 private:
     // Fields "Name" and "Count"; filters f0, f1; views v0 to v5, v4 and v5 filtered by f1.
@@ -150,6 +154,51 @@ void TestColumnSetup::listSelectsView()
     }
     QTEST(manager->currentView(), "currentView");
     QTEST(manager->views().at(1).title, "second");
+}
+
+void TestColumnSetup::escapeAsksWhenEdited_data()
+{
+    QTest::addColumn<QString>("edit"); // the widget the user changes before Escape
+    QTest::addColumn<QString>("answer"); // the button pressed on the question; none expected
+    QTest::addColumn<bool>("closed");
+    QTest::newRow("untouched closes at once") << ""
+                                              << "" << true;
+    QTest::newRow("renamed, discarded") << "vname"
+                                        << "button1" << true;
+    QTest::newRow("renamed, kept") << "vname"
+                                   << "button2" << false;
+    QTest::newRow("column added, kept") << "btnGet"
+                                        << "button2" << false;
+    QTest::newRow("order changed, discarded") << "order"
+                                              << "button1" << true;
+}
+
+void TestColumnSetup::escapeAsksWhenEdited()
+{
+    QFETCH(QString, edit);
+    QFETCH(QString, answer);
+    TestHome home;
+    auto manager = card(home);
+    ColumnSetup setup(manager.get(), 0);
+    setup.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&setup));
+    if (edit == QLatin1String("vname"))
+        QTest::keyClicks(setup.findChild<QLineEdit *>("vname"), "x");
+    else if (edit == QLatin1String("btnGet"))
+        QTest::mouseClick(setup.findChild<QPushButton *>("btnGet"), Qt::LeftButton);
+    else if (edit == QLatin1String("order"))
+        setup.findChild<QComboBox *>("order")->setCurrentIndex(1);
+    QString asked;
+    whenShown<MRLDialog>(
+        [&](MRLDialog *box) {
+            asked = box->windowTitle();
+            box->findChild<QPushButton *>(answer)->click();
+        },
+        &setup);
+    QTest::keyClick(&setup, Qt::Key_Escape);
+    QCOMPARE(asked.isEmpty(), answer.isEmpty());
+    QTEST(!setup.isVisible(), "closed");
+    QCOMPARE(manager->views().at(0).title, QStringLiteral("v0"));
 }
 
 QTEST_MAIN(TestColumnSetup)

@@ -10,8 +10,6 @@ class TestFilterCondition : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void textMatches_data();
-    void textMatches();
     void acceptByType_data();
     void acceptByType();
     void allTextFields_data();
@@ -98,51 +96,6 @@ FilterCondition condition(int op, const QVariant &operand, int field = 0)
 }
 } // namespace
 
-void TestFilterCondition::textMatches_data()
-{
-    QTest::addColumn<int>("op");
-    QTest::addColumn<QString>("value");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("expected");
-    const struct {
-        const char *name;
-        int op;
-        const char *value; // nullptr: the null string
-        const char *text;
-        bool expected;
-    } rows[] = {
-        { "contains ignores case", Op::Contains, "ABC", "b", true },
-        { "contains nothing in null", Op::Contains, nullptr, "", true },
-        { "is exactly keeps case", Op::IsExactly, "abc", "ABC", false },
-        { "is exactly null and empty", Op::IsExactly, nullptr, "", true },
-        { "doesn't contain ignores case", Op::DoesNotContain, "abc", "B", false },
-        { "doesn't contain nothing", Op::DoesNotContain, "abc", "", false },
-        { "is empty on null", Op::IsEmpty, nullptr, "x", true },
-        { "is empty on blank", Op::IsEmpty, " ", "", false },
-        { "is not empty on null", Op::IsNotEmpty, nullptr, "", false },
-        { "starts with ignores case", Op::StartsWith, "Hello", "hE", true },
-        { "starts with longer text", Op::StartsWith, "He", "Hello", false },
-        { "null starts with nothing", Op::StartsWith, nullptr, "", true },
-        { "ends with ignores case", Op::EndsWith, "xAB", "ab", true },
-        { "ends with sees first occurrence only", Op::EndsWith, "abab", "ab", false },
-        { "ends with nothing only when empty", Op::EndsWith, "abc", "", false },
-        { "empty ends with nothing", Op::EndsWith, "", "", true },
-        { "unknown code", 7, "abc", "abc", false },
-    };
-    for (const auto &row : rows)
-        QTest::newRow(row.name) << row.op << (row.value ? QString::fromUtf8(row.value) : QString())
-                                << QString::fromUtf8(row.text) << row.expected;
-}
-
-void TestFilterCondition::textMatches()
-{
-    QFETCH(int, op);
-    QFETCH(QString, value);
-    QFETCH(QString, text);
-    QFETCH(bool, expected);
-    QCOMPARE(FilterCondition::textMatches(op, value, text), expected);
-}
-
 // One field of the given type in slot 0, holding stored (invalid: unset).
 void TestFilterCondition::acceptByType_data()
 {
@@ -158,6 +111,20 @@ void TestFilterCondition::acceptByType_data()
     const QString null;
 
     row("string contains", F::String, "Paris", Op::Contains, "ari", true);
+    row("contains ignores case", F::String, "ABC", Op::Contains, "b", true);
+    row("unset contains nothing", F::String, unset, Op::Contains, "", true);
+    row("unset is exactly nothing", F::String, unset, Op::IsExactly, "", true);
+    row("doesn't contain ignores case", F::String, "abc", Op::DoesNotContain, "B", false);
+    row("doesn't contain nothing", F::String, "abc", Op::DoesNotContain, "", false);
+    row("blank is not empty", F::String, " ", Op::IsEmpty, null, false);
+    row("unset is not 'not empty'", F::String, unset, Op::IsNotEmpty, null, false);
+    row("starts with longer text", F::String, "He", Op::StartsWith, "Hello", false);
+    row("unset starts with nothing", F::String, unset, Op::StartsWith, "", true);
+    row("ends with ignores case", F::String, "xAB", Op::EndsWith, "ab", true);
+    row("ends with sees first occurrence only", F::String, "abab", Op::EndsWith, "ab", false);
+    row("ends with nothing only when empty", F::String, "abc", Op::EndsWith, "", false);
+    row("empty ends with nothing", F::String, "", Op::EndsWith, "", true);
+    row("unknown text code", F::String, "abc", 7, "abc", false);
     row("text is exactly", F::Text, "Paris", Op::IsExactly, "paris", false);
     row("list starts with", F::List, "Green", Op::StartsWith, "gr", true);
     row("unset string is empty", F::String, unset, Op::IsEmpty, null, true);

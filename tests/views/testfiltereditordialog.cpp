@@ -37,6 +37,8 @@ private Q_SLOTS:
     void liveCountOnePassPerBurst();
     void listUpdate_data();
     void listUpdate();
+    void escapeAsksWhenEdited_data();
+    void escapeAsksWhenEdited();
 
 private:
     // Field i has type i; the String field holds the names.
@@ -281,6 +283,59 @@ void TestFilterEditorDialog::listUpdate()
         titles << filter.title;
     QTEST(titles, "titles");
     QTEST(card->currentFilter(), "currentFilter");
+}
+
+void TestFilterEditorDialog::escapeAsksWhenEdited_data()
+{
+    QTest::addColumn<int>("index");
+    QTest::addColumn<QString>("edit"); // the widget the user changes before Escape
+    QTest::addColumn<QString>("answer"); // the button pressed on the question; none expected
+    QTest::addColumn<bool>("closed");
+    const int stored = 0;
+    const int added = FilterEditorDialog::NewFilter;
+    const int find = FilterEditorDialog::Find;
+    QTest::newRow("untouched filter") << stored << ""
+                                      << "" << true;
+    QTest::newRow("renamed, discarded") << stored << "fname"
+                                        << "button1" << true;
+    QTest::newRow("renamed, kept") << stored << "fname"
+                                   << "button2" << false;
+    QTest::newRow("value typed in a new filter, kept") << added << "val"
+                                                       << "button2" << false;
+    QTest::newRow("condition added, discarded") << added << "btnAdd"
+                                                << "button1" << true;
+    QTest::newRow("find drops its text unasked") << find << "val"
+                                                 << "" << true;
+}
+
+void TestFilterEditorDialog::escapeAsksWhenEdited()
+{
+    QFETCH(int, index);
+    QFETCH(QString, edit);
+    QFETCH(QString, answer);
+    TestHome home;
+    auto card = allTypes(home);
+    card->setFilters({ FilterDef() });
+    const QList<FilterDef> before = card->filters();
+    FilterEditorDialog dialog(card.get(), index);
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    if (edit == QLatin1String("btnAdd"))
+        QTest::mouseClick(dialog.findChild<QPushButton *>("btnAdd"), Qt::LeftButton);
+    else if (!edit.isEmpty())
+        QTest::keyClicks(dialog.findChild<QLineEdit *>(edit), "pe");
+    QString asked;
+    whenShown<MRLDialog>(
+        [&](MRLDialog *box) {
+            asked = box->windowTitle();
+            box->findChild<QPushButton *>(answer)->click();
+        },
+        &dialog);
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+    QCOMPARE(asked.isEmpty(), answer.isEmpty());
+    QTEST(!dialog.isVisible(), "closed");
+    QCOMPARE(card->filters(), before);
+    QCOMPARE(card->currentFilter(), -1);
 }
 
 QTEST_MAIN(TestFilterEditorDialog)
