@@ -1001,7 +1001,7 @@ void MRLDB::doExport()
     if (path.isNull())
         return;
     CsvExporter exporter(options);
-    if (!exporter.write(*manager, path))
+    if (!ExportDialog::write(exporter, *manager, path, this) && !exporter.wasStopped())
         MRLDialog::critical(tr("Export"), exporter.errorString());
 }
 

@@ -1,6 +1,8 @@
 #include "exchange/cardimporttarget.h"
 
 #include "card/datamanager.h"
+#include "card/datarecord.h"
+#include "exchange/palmdatabase.h"
 #include "platform/platformpaths.h"
 #include "store/dbmanager.h"
 #include "store/dbrecord.h"
@@ -55,6 +57,23 @@ bool CardImportTarget::begin(
     m_card->setDescription(description);
     m_card->setIcon(QStringLiteral("12"));
     return true;
+}
+
+bool CardImportTarget::importRows(const QString &sourcePath, const PalmDatabase &database,
+    const QString &description, const QList<FieldDef> &fields, const RowFill &fill,
+    const std::function<QList<FieldDef>()> &settled)
+{
+    m_rowsAdded = 0;
+    if (!begin(sourcePath, database.databaseName(), description))
+        return false;
+    installFields(fields);
+    for (int r = 0; r < database.rowCount(); ++r) {
+        DataRecord *record = m_card->newRecord();
+        fill(record, database.row(r));
+        m_card->add(record);
+        ++m_rowsAdded;
+    }
+    return finish(settled());
 }
 
 void CardImportTarget::installFields(const QList<FieldDef> &fields)

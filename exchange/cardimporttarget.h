@@ -7,10 +7,13 @@
 #include <QList>
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 class DataManager;
+class DataRecord;
 class DBManager;
+class PalmDatabase;
 class QTextCodec;
 
 // The steps every import shares: a free card name in the documents folder ("_Copy_N" on
@@ -48,6 +51,16 @@ public:
     // the card into place and lists it.
     bool finish(const QList<FieldDef> &fields);
 
+    // Sets the values of one record from the values of its row.
+    using RowFill = std::function<void(DataRecord *record, const QByteArrayList &values)>;
+    // The whole pass of an import from a database already read: begin(), the fields, one
+    // record a row filled by fill, and finish() with the types settled after all rows.
+    bool importRows(const QString &sourcePath, const PalmDatabase &database,
+        const QString &description, const QList<FieldDef> &fields, const RowFill &fill,
+        const std::function<QList<FieldDef>()> &settled);
+    // The records the last importRows() added.
+    int rowsAdded() const { return m_rowsAdded; }
+
     QString path() const { return m_path; }
     QString errorString() const { return m_errorString; }
 
@@ -65,6 +78,7 @@ private:
     QString m_path;
     QString m_temporaryPath;
     QString m_errorString;
+    int m_rowsAdded = 0;
 };
 
 #endif

@@ -14,8 +14,20 @@
 #include <algorithm>
 #include <memory>
 
+namespace
+{
+// Text is encoded and written in pieces of about this many characters.
+constexpr qsizetype pieceSize = 64 * 1024;
+// The progress hook runs once this many records.
+constexpr int hookInterval = 64;
+} // namespace
+
 CsvExporter::CsvExporter(const Options &options)
     : m_options(options)
+    , m_dates(options.dateFormat, DateTimeWriter::DatePart)
+    , m_times(options.timeFormat, DateTimeWriter::TimePart)
+    , m_stamps(options.dateTimeFormat, DateTimeWriter::BothParts)
+    , m_today(QDate::currentDate())
 {
     if (!m_options.codec)
         m_options.codec = QTextCodec::codecForName("UTF-8");
@@ -29,100 +41,129 @@ CsvExporter::CsvExporter(const Options &options)
         = QString(qualifier + qualifier).replace(QLatin1Char('\\'), QStringLiteral("\\\\"));
 }
 
-// The qualifier is a regular expression, so a qualifier such as "." doubles every
-// character; one that is not a valid expression doubles nothing. A qualifier without any
-// character special to expressions is doubled by a plain replace, which is far cheaper.
 QString CsvExporter::quoted(const QString &value) const
 {
+    QString out;
+    appendQuoted(out, value);
+    return out;
+}
+
+// The qualifier is a regular expression, so a qualifier such as "." doubles every
+// character; one that is not a valid expression doubles nothing. A qualifier without any
+// character special to expressions is doubled by a plain replace, which is far cheaper,
+// and a value without it is copied as it stands.
+void CsvExporter::appendQuoted(QString &out, const QString &value) const
+{
     const QString &delimiter = m_options.format.delimiter;
-    QString qualifier = m_options.format.qualifier;
-    QString text = value;
+    const QString &qualifier = m_options.format.qualifier;
     if (qualifier.isEmpty()) {
-        if (!value.contains(QLatin1Char('\n')) && !value.contains(delimiter))
-            return value + delimiter;
-        qualifier = QStringLiteral("\"");
-        text.replace(qualifier, qualifier + qualifier);
-    } else if (m_literalQualifier) {
-        text.replace(qualifier, qualifier + qualifier);
-    } else if (m_pattern.isValid()) {
-        text.replace(m_pattern, m_doubledPattern);
+        if (!value.contains(QLatin1Char('\n')) && !value.contains(delimiter)) {
+            out += value;
+            out += delimiter;
+            return;
+        }
+        out += QLatin1Char('"') + QString(value).replace(QLatin1Char('"'), QStringLiteral("\"\""))
+            + QLatin1Char('"') + delimiter;
+        return;
     }
-    return qualifier + text + qualifier + delimiter;
+    out += qualifier;
+    const bool holdsQualifier
+        = qualifier.size() == 1 ? value.contains(qualifier.front()) : value.contains(qualifier);
+    if (m_literalQualifier && !holdsQualifier)
+        out += value;
+    else if (m_literalQualifier)
+        out += QString(value).replace(qualifier, qualifier + qualifier);
+    else if (m_pattern.isValid())
+        out += QString(value).replace(m_pattern, m_doubledPattern);
+    else
+        out += value;
+    out += qualifier;
+    out += delimiter;
 }
 
-QString CsvExporter::endLine(QString line) const
+void CsvExporter::endLine(QString &out) const
 {
-    line.chop(m_options.format.delimiter.size());
-    return line + QLatin1Char('\n');
+    out.chop(m_options.format.delimiter.size());
+    out += QLatin1Char('\n');
 }
 
-QString CsvExporter::stamp(const QDateTime &moment) const
+void CsvExporter::appendStamp(QString &out, const QDateTime &moment) const
 {
-    const QString &code = m_options.dateTimeFormat;
-    return code.isEmpty() ? formatDateTimeDefault(moment) : formatDateTime(moment, code);
+    m_stamps.append(out, moment.date(), moment.time());
 }
 
-QString CsvExporter::date(const QDate &day) const
+void CsvExporter::appendHeader(QString &out, const DataManager &card) const
 {
-    const QString &code = m_options.dateFormat;
-    return code.isEmpty() ? formatDate(day) : formatDateTime(QDateTime(day, QTime(0, 0)), code);
-}
-
-QString CsvExporter::time(const QTime &moment) const
-{
-    const QString &code = m_options.timeFormat;
-    return code.isEmpty() ? formatTime(moment)
-                          : formatDateTime(QDateTime(QDate::currentDate(), moment), code);
-}
-
-QString CsvExporter::headerLine(const DataManager &card) const
-{
-    QString line;
     for (const FieldDef &field : card.fieldList())
-        line += quoted(field.title);
-    line += quoted(QCoreApplication::translate("CsvExporter", "Created Date"));
-    line += quoted(QCoreApplication::translate("CsvExporter", "Updated Date"));
-    return endLine(line);
+        appendQuoted(out, field.title);
+    appendQuoted(out, QCoreApplication::translate("CsvExporter", "Created Date"));
+    appendQuoted(out, QCoreApplication::translate("CsvExporter", "Updated Date"));
+    endLine(out);
 }
 
-QString CsvExporter::value(const DataManager &card, const DataRecord &record, int field) const
+// The text of one value into m_scratch, which keeps its room from value to value; a text
+// that goes out as stored is quoted straight from the record.
+void CsvExporter::appendValue(QString &out, const DataRecord &record, int field, int type) const
 {
     static const QString lineFeed = QStringLiteral("\n");
-    switch (card.fieldList().at(field).type) {
+    QString &text = m_scratch;
+    text.resize(0);
+    switch (type) {
     case FieldDef::Integer:
     case FieldDef::Bool:
     case FieldDef::Count:
     case FieldDef::Increment:
-        return QString::number(record.intValue(field));
+        text.setNum(record.intValue(field));
+        break;
     case FieldDef::Double:
-        return QString::number(record.doubleValue(field), 'g', 6);
+        text.setNum(record.doubleValue(field), 'g', 6);
+        break;
     case FieldDef::Date:
-        return date(record.dateValue(field));
+        m_dates.append(text, record.dateValue(field), QTime(0, 0));
+        break;
     case FieldDef::Time:
-        return time(record.timeValue(field));
+        m_times.append(text, m_today, record.timeValue(field));
+        break;
     case FieldDef::DateTime:
-        return stamp(record.dateTimeValue(field));
+        appendStamp(text, record.dateTimeValue(field));
+        break;
     case FieldDef::Reminder:
-        return record.hasReminder() ? stamp(record.reminder()->dateTime) : QString();
+        if (record.hasReminder())
+            appendStamp(text, record.reminder()->dateTime);
+        break;
     case FieldDef::Image:
-        return record.image();
+        appendQuoted(out, record.image());
+        return;
     case FieldDef::MultiList:
-        return record.stringValue(field).split(lineFeed).join(QLatin1Char(';'));
-    case FieldDef::Memo:
-        return record.memo().replace(lineFeed, m_options.multilineSeparator);
-    default:
-        return record.stringValue(field).replace(lineFeed, m_options.multilineSeparator);
+        text = record.stringValue(field);
+        text.replace(lineFeed, QStringLiteral(";"));
+        break;
+    default: {
+        const QString stored = type == FieldDef::Memo ? record.memo() : record.stringValue(field);
+        if (m_options.multilineSeparator == lineFeed || !stored.contains(lineFeed)) {
+            appendQuoted(out, stored);
+            return;
+        }
+        text = stored;
+        text.replace(lineFeed, m_options.multilineSeparator);
+        break;
     }
+    }
+    appendQuoted(out, text);
 }
 
-QString CsvExporter::recordLine(const DataManager &card, const DataRecord &record) const
+void CsvExporter::appendRecord(
+    QString &out, const DataManager &card, const DataRecord &record) const
 {
-    QString line;
-    for (int i = 0; i < card.fieldCount(); ++i)
-        line += quoted(value(card, record, i));
-    line += quoted(stamp(record.created()));
-    line += quoted(stamp(record.updated()));
-    return endLine(line);
+    const QList<FieldDef> &fields = card.fieldList();
+    for (int i = 0; i < fields.size(); ++i)
+        appendValue(out, record, i, fields.at(i).type);
+    for (const QDateTime &stamp : { record.created(), record.updated() }) {
+        m_scratch.resize(0);
+        appendStamp(m_scratch, stamp);
+        appendQuoted(out, m_scratch);
+    }
+    endLine(out);
 }
 
 bool CsvExporter::write(const DataManager &card, const QString &path)
@@ -137,15 +178,23 @@ bool CsvExporter::write(const DataManager &card, const QString &path)
     const bool utf8 = m_options.codec->mibEnum() == 106;
     const std::unique_ptr<QTextEncoder> encoder(m_options.codec->makeEncoder(
         utf8 ? QTextCodec::IgnoreHeader : QTextCodec::DefaultConversion));
-    file.write(encoder->fromUnicode(headerLine(card)));
+    QString piece;
+    piece.reserve(pieceSize + pieceSize / 4);
+    appendHeader(piece, card);
+    int written = 0;
     for (const PIMRecord *record : card.records()) {
-        if (m_hook && !m_hook()) {
+        if (m_hook && written % hookInterval == 0 && !m_hook(written)) {
             m_stopped = true;
             file.cancelWriting();
             return false;
         }
-        file.write(
-            encoder->fromUnicode(recordLine(card, *static_cast<const DataRecord *>(record))));
+        appendRecord(piece, card, *static_cast<const DataRecord *>(record));
+        ++written;
+        if (piece.size() >= pieceSize) {
+            file.write(encoder->fromUnicode(piece));
+            piece.resize(0);
+        }
     }
+    file.write(encoder->fromUnicode(piece));
     return file.commit();
 }

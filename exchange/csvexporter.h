@@ -2,6 +2,7 @@
 #define CSVEXPORTER_H
 
 #include "exchange/csvformat.h"
+#include "exchange/datetimewriter.h"
 
 #include <QDateTime>
 #include <QRegularExpression>
@@ -31,29 +32,34 @@ public:
 
     explicit CsvExporter(const Options &options);
 
-    // Called once a record; returning false stops the export.
-    void setRecordHook(std::function<bool()> hook) { m_hook = std::move(hook); }
+    // Called every few records with the number written so far; returning false stops
+    // the export.
+    void setProgressHook(std::function<bool(int)> hook) { m_hook = std::move(hook); }
     bool write(const DataManager &card, const QString &path);
     bool wasStopped() const { return m_stopped; }
     QString errorString() const { return m_error; }
 
     // The value quoted and followed by the delimiter.
     QString quoted(const QString &value) const;
-    QString headerLine(const DataManager &card) const;
-    QString recordLine(const DataManager &card, const DataRecord &record) const;
 
 private:
-    QString value(const DataManager &card, const DataRecord &record, int field) const;
-    QString stamp(const QDateTime &moment) const;
-    QString date(const QDate &day) const;
-    QString time(const QTime &moment) const;
-    QString endLine(QString line) const;
+    void appendQuoted(QString &out, const QString &value) const;
+    void appendHeader(QString &out, const DataManager &card) const;
+    void appendRecord(QString &out, const DataManager &card, const DataRecord &record) const;
+    void appendValue(QString &out, const DataRecord &record, int field, int type) const;
+    void appendStamp(QString &out, const QDateTime &moment) const;
+    void endLine(QString &out) const;
 
     Options m_options;
+    DateTimeWriter m_dates;
+    DateTimeWriter m_times;
+    DateTimeWriter m_stamps;
+    QDate m_today; // the date part of a time written with a code that shows one
+    mutable QString m_scratch; // the text of the value being written
     bool m_literalQualifier = true;
     QRegularExpression m_pattern; // the qualifier, for a qualifier with special characters
     QString m_doubledPattern; // its replacement
-    std::function<bool()> m_hook;
+    std::function<bool(int)> m_hook;
     bool m_stopped = false;
     QString m_error;
 };

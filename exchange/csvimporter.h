@@ -6,11 +6,14 @@
 #include "exchange/csvvalueconverter.h"
 
 #include <QList>
+#include <QRandomGenerator>
 #include <QString>
 
 #include <functional>
+#include <memory>
 
 class DataManager;
+class DataRecord;
 class TextLineReader;
 
 // The import pass: reads the rows of a delimited text file into a card whose fields are the
@@ -24,6 +27,7 @@ public:
 
     CsvImporter(
         const CsvFormat &format, const QList<CsvColumn> &columns, int startRow, bool titles);
+    ~CsvImporter();
 
     // Called once a line; returning false stops the pass.
     void setLineHook(std::function<bool()> hook) { m_hook = std::move(hook); }
@@ -43,12 +47,15 @@ public:
 
 private:
     void addRecord(DataManager *card, const QStringList &row) const;
+    void giveUid(DataRecord *record) const;
 
     CsvFormat m_format;
     QList<CsvColumn> m_columns;
     int m_startRow;
     bool m_titles;
     QList<CsvValueConverter> m_converters; // one per column
+    std::unique_ptr<DataRecord> m_defaults; // the record every row starts from
+    mutable QRandomGenerator m_random; // the source of the records' uids
     std::function<bool()> m_hook;
     int m_count = 0;
     int m_unfinishedLine = 0;

@@ -64,7 +64,8 @@ CsvLineParser::Result CsvLineParser::parse(
     qsizetype pos = 0;
     while (pos < line.size()) {
         if (!open && !startsQuoted(line, pos)) {
-            const qsizetype found = line.indexOf(m_delimiter, pos);
+            const qsizetype found = m_delimiter.size() == 1 ? line.indexOf(m_delimiter.front(), pos)
+                                                            : line.indexOf(m_delimiter, pos);
             if (!append(values, false, found < 0 ? line.mid(pos) : line.mid(pos, found - pos)))
                 return TooManyValues;
             if (found < 0)
@@ -92,7 +93,8 @@ CsvLineParser::Result CsvLineParser::parseQuoted(
             open = false;
             return Failure;
         }
-        const qsizetype k = line.indexOf(m_qualifier, pos);
+        // Only a qualifier of one character opens a quoted value.
+        const qsizetype k = line.indexOf(m_qualifier.front(), pos);
         if (k < 0) {
             QString text = line.mid(start);
             if (doubled)

@@ -8,6 +8,9 @@ CsvValueConverter::CsvValueConverter(const CsvColumn &column)
     : m_column(column)
     , m_dates(column.format)
 {
+    const QStringList pair = column.format.split(QLatin1Char('/'));
+    m_hasYes = pair.size() == 2;
+    m_yes = pair.value(0);
 }
 
 QString CsvValueConverter::replaceAll(QString text, const QString &from, const QString &to)
@@ -72,22 +75,22 @@ void CsvValueConverter::storeNumber(DataRecord *record, int field, const QString
 
 void CsvValueConverter::storeDateTime(DataRecord *record, int field, const QString &value) const
 {
-    const QDateTime moment = m_dates.parse(value);
-    if (!moment.isValid())
+    QDate date;
+    QTime time;
+    if (!m_dates.parse(value, &date, &time))
         return;
     if (m_column.type == FieldDef::Date)
-        record->setDateValue(field, moment.date());
+        record->setDateValue(field, date);
     else if (m_column.type == FieldDef::Time)
-        record->setTimeValue(field, moment.time());
+        record->setTimeValue(field, time);
     else
-        record->setDateTimeValue(field, moment);
+        record->setDateTimeValue(field, QDateTime(date, time));
 }
 
 // Exact comparison with the first half of the pair: "y" is not "Y".
 int CsvValueConverter::boolValue(const QString &value) const
 {
-    const QStringList pair = m_column.format.split(QLatin1Char('/'));
-    return pair.size() == 2 && value == pair.at(0) ? 1 : 0;
+    return m_hasYes && value == m_yes ? 1 : 0;
 }
 
 // The picture's folder on the other system is swapped for the base directory here.

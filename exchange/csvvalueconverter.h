@@ -29,6 +29,8 @@ private:
 
     CsvColumn m_column;
     DateTimeParser m_dates;
+    bool m_hasYes = false; // the Bool pair has exactly two parts
+    QString m_yes; // its first part
 };
 
 #endif

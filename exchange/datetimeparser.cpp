@@ -1,7 +1,7 @@
 #include "exchange/datetimeparser.h"
 
 struct DateTimeParser::Parts {
-    int year = QDate::currentDate().year();
+    int year = 0;
     int month = 1;
     int day = 1;
     int hour = 0;
@@ -17,12 +17,13 @@ bool isActing(QChar c)
     return QStringLiteral("DMYhms^").contains(c);
 }
 
-int readNumber(const QString &text, qsizetype &pos, qsizetype maxDigits, bool *ok)
+int readNumber(QStringView text, qsizetype &pos, qsizetype maxDigits, bool *ok)
 {
     int value = 0;
     qsizetype digits = 0;
     while (pos < text.size() && digits < maxDigits && text.at(pos).isDigit()) {
-        value = value * 10 + text.at(pos).digitValue();
+        const char16_t c = text.at(pos).unicode();
+        value = value * 10 + (c >= u'0' && c <= u'9' ? c - u'0' : text.at(pos).digitValue());
         ++pos;
         ++digits;
     }
@@ -33,18 +34,35 @@ int readNumber(const QString &text, qsizetype &pos, qsizetype maxDigits, bool *o
 
 DateTimeParser::DateTimeParser(const QString &code)
     : m_code(code)
+    , m_year(QDate::currentDate().year())
 {
     m_code.replace(QStringLiteral("AM/PM"), QStringLiteral("^"));
+    for (qsizetype i = 0; i < m_code.size();) {
+        const QChar c = m_code.at(i);
+        qsizetype run = 1;
+        while (isActing(c) && i + run < m_code.size() && m_code.at(i + run) == c)
+            ++run;
+        i += run;
+        m_runs.append(Run { c, isActing(c) ? run : 0 });
+    }
 }
 
-bool DateTimeParser::readRun(
-    const QString &text, qsizetype &pos, QChar letter, qsizetype length, Parts &parts) const
+bool DateTimeParser::readRun(QStringView text, qsizetype &pos, const Run &run, Parts &parts) const
 {
-    if (letter == QLatin1Char('^')) {
-        const QString half = text.mid(pos, 2).toUpper();
-        if (half != QLatin1String("AM") && half != QLatin1String("PM"))
+    const QChar letter = run.letter;
+    const qsizetype length = run.length;
+    if (length == 0) {
+        if (pos >= text.size() || text.at(pos) != letter)
             return false;
-        parts.half = half == QLatin1String("PM") ? 1 : 0;
+        ++pos;
+        return true;
+    }
+    if (letter == QLatin1Char('^')) {
+        const QStringView half = text.mid(pos, 2);
+        const bool pm = half.compare(QLatin1String("PM"), Qt::CaseInsensitive) == 0;
+        if (!pm && half.compare(QLatin1String("AM"), Qt::CaseInsensitive) != 0)
+            return false;
+        parts.half = pm ? 1 : 0;
         pos += 2;
         return true;
     }
@@ -78,29 +96,34 @@ bool DateTimeParser::readRun(
 
 QDateTime DateTimeParser::parse(const QString &text) const
 {
-    const QString trimmed = text.trimmed();
     if (m_code.isEmpty())
-        return QDateTime::fromString(trimmed, Qt::ISODate);
+        return QDateTime::fromString(text.trimmed(), Qt::ISODate);
+    QDate date;
+    QTime time;
+    return parse(text, &date, &time) ? QDateTime(date, time) : QDateTime();
+}
+
+bool DateTimeParser::parse(const QString &text, QDate *date, QTime *time) const
+{
+    if (m_code.isEmpty()) {
+        const QDateTime moment = parse(text);
+        *date = moment.date();
+        *time = moment.time();
+        return moment.isValid();
+    }
+    const QStringView trimmed = QStringView(text).trimmed();
     Parts parts;
+    parts.year = m_year;
     qsizetype pos = 0;
-    for (qsizetype i = 0; i < m_code.size();) {
-        const QChar c = m_code.at(i);
-        qsizetype run = 1;
-        while (isActing(c) && i + run < m_code.size() && m_code.at(i + run) == c)
-            ++run;
-        i += run;
-        if (!isActing(c)) {
-            if (pos >= trimmed.size() || trimmed.at(pos) != c)
-                return QDateTime();
-            ++pos;
-        } else if (!readRun(trimmed, pos, c, run, parts)) {
-            return QDateTime();
-        }
+    for (const Run &run : m_runs) {
+        if (!readRun(trimmed, pos, run, parts))
+            return false;
     }
     if (parts.half == 1 && parts.hour < 12)
         parts.hour += 12;
     else if (parts.half == 0 && parts.hour == 12)
         parts.hour = 0;
-    return QDateTime(
-        QDate(parts.year, parts.month, parts.day), QTime(parts.hour, parts.minute, parts.second));
+    *date = QDate(parts.year, parts.month, parts.day);
+    *time = QTime(parts.hour, parts.minute, parts.second);
+    return date->isValid() && time->isValid();
 }

@@ -2,6 +2,7 @@
 #define DATETIMEPARSER_H
 
 #include <QDateTime>
+#include <QList>
 #include <QString>
 
 // Reads a moment back from text written with a date-time format code, the reverse of
@@ -16,13 +17,21 @@ public:
 
     // An invalid date-time when the text does not fit the code.
     QDateTime parse(const QString &text) const;
+    // The same as a date and a time apart, without making a moment in the local time
+    // zone; false when the text does not fit the code.
+    bool parse(const QString &text, QDate *date, QTime *time) const;
 
 private:
     struct Parts;
-    bool readRun(
-        const QString &text, qsizetype &pos, QChar letter, qsizetype length, Parts &parts) const;
+    struct Run {
+        QChar letter; // a character that must stand as it is when length is 0
+        qsizetype length = 0;
+    };
+    bool readRun(QStringView text, qsizetype &pos, const Run &run, Parts &parts) const;
 
     QString m_code;
+    QList<Run> m_runs; // the code read once
+    int m_year; // the year a code without one gives
 };
 
 #endif

@@ -1,8 +1,10 @@
 #include "exchange/exportdialog.h"
 
 #include "app/mrldialog.h"
+#include "card/datamanager.h"
 #include "edit/dateformatselector.h"
 #include "edit/textcodecselector.h"
+#include "exchange/passpacer.h"
 #include "platform/config.h"
 
 #include <QApplication>
@@ -12,6 +14,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLineEdit>
+#include <QProgressDialog>
 
 namespace
 {
@@ -136,4 +139,21 @@ QString ExportDialog::exportFileName(const QString &baseName)
     }
     config.writeEntry(QStringLiteral("path"), path);
     return path;
+}
+
+bool ExportDialog::write(
+    CsvExporter &exporter, const DataManager &card, const QString &path, QWidget *parent)
+{
+    QProgressDialog progress(tr("Exporting records ..."), tr("Cancel"), 0, card.count(), parent);
+    progress.setWindowTitle(tr("Export"));
+    progress.setWindowModality(Qt::WindowModal);
+    // A short export ends before the dialog would have shown.
+    progress.setMinimumDuration(500);
+    PassPacer pacer;
+    exporter.setProgressHook([&](int written) {
+        if (pacer.step())
+            progress.setValue(written);
+        return !progress.wasCanceled();
+    });
+    return exporter.write(card, path);
 }

@@ -19,6 +19,10 @@ public:
     // Asks for the file until one is chosen (".csv" added unless the name ends so) that is
     // new or may be replaced; a null string when the user gives none.
     QString exportFileName(const QString &baseName);
+    // Writes the card with a progress dialog whose Cancel stops the export, leaving the
+    // old file or none; false on a failure or a stop (the exporter tells which).
+    static bool write(
+        CsvExporter &exporter, const DataManager &card, const QString &path, QWidget *parent);
 
 public Q_SLOTS:
     void delimiterChanged() override;

@@ -2,6 +2,8 @@
 
 #include "app/mrldialog.h"
 #include "exchange/importcsvdialog2.h"
+#include "exchange/importpreviewpages.h"
+#include "exchange/passpacer.h"
 #include "exchange/textlinereader.h"
 #include "platform/config.h"
 
@@ -128,16 +130,17 @@ void ImportCSVDialog::fillRows()
 {
     m_stop = false;
     status->setText(tr("Processing data ..."));
-    pages->setCurrentIndex(1);
+    pages->showProgress();
     disconnect(btnCancel, nullptr, this, nullptr);
     connect(btnCancel, &QPushButton::clicked, this, &ImportCSVDialog::stopProcess);
     list->clear();
     m_lines->rewind();
     const qint64 size = qMax<qint64>(1, m_lines->size());
     QString line;
+    PassPacer pacer;
     for (int row = 1; m_lines->readLine(&line); ++row) {
-        pr->setValue(int(m_lines->position() * 100 / size));
-        QCoreApplication::processEvents();
+        if (pacer.step())
+            pr->setValue(int(m_lines->position() * 100 / size));
         if (m_stop)
             break;
         if (line.size() > previewLength)
@@ -146,7 +149,7 @@ void ImportCSVDialog::fillRows()
     }
     if (m_lines->hasError())
         MRLDialog::critical(tr("Import"), m_lines->errorString());
-    pages->setCurrentIndex(0);
+    pages->showRows();
     disconnect(btnCancel, nullptr, this, nullptr);
     connect(btnCancel, &QPushButton::clicked, this, &QDialog::reject);
 }

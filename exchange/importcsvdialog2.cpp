@@ -7,6 +7,8 @@
 #include "exchange/csvcolumnscanner.h"
 #include "exchange/csvrowreader.h"
 #include "exchange/importcsvdialog3.h"
+#include "exchange/importpreviewpages.h"
+#include "exchange/passpacer.h"
 #include "exchange/textlinereader.h"
 #include "platform/config.h"
 
@@ -121,15 +123,16 @@ void ImportCSVDialog2::readRows()
     m_read = true;
     m_stop = false;
     status->setText(tr("Processing data ..."));
-    pages->setCurrentIndex(1);
+    pages->showProgress();
     // The columns are known only at the end of the pass.
     btnOk->setEnabled(false);
     m_lines->rewind();
     CsvRowReader reader(*m_lines, m_format);
     const qint64 size = qMax<qint64>(1, m_lines->size());
-    reader.setLineHook([this, size] {
-        pr->setValue(int(m_lines->position() * 100 / size));
-        QCoreApplication::processEvents();
+    PassPacer pacer;
+    reader.setLineHook([this, size, &pacer] {
+        if (pacer.step())
+            pr->setValue(int(m_lines->position() * 100 / size));
         return !m_stop;
     });
     CsvColumnScanner scanner(m_titles);
@@ -146,7 +149,7 @@ void ImportCSVDialog2::readRows()
     list->setColumnCount(int(m_columns.size()));
     for (int i = 0; i < m_columns.size(); ++i)
         updateHeader(i);
-    pages->setCurrentIndex(0);
+    pages->showRows();
     btnOk->setEnabled(true);
     if (!m_columns.isEmpty())
         columnSelected(0);

@@ -3,6 +3,7 @@
 #include "app/mrldialog.h"
 #include "exchange/cardimporttarget.h"
 #include "exchange/csvimporter.h"
+#include "exchange/passpacer.h"
 #include "exchange/textlinereader.h"
 #include "platform/config.h"
 #include "platform/platformpaths.h"
@@ -76,9 +77,10 @@ void ImportCSVDialog3::runImport()
         CsvImporter::description(QFileInfo(m_setup.fileName).fileName()));
     CsvImporter importer(m_setup.format, m_setup.columns, m_setup.startRow, m_setup.titles);
     const qint64 size = qMax<qint64>(1, m_lines->size());
-    importer.setLineHook([this, size] {
-        pr->setValue(int(m_lines->position() * 100 / size));
-        QCoreApplication::processEvents();
+    PassPacer pacer;
+    importer.setLineHook([this, size, &pacer] {
+        if (pacer.step())
+            pr->setValue(int(m_lines->position() * 100 / size));
         return !m_stop;
     });
     const CsvImporter::Outcome outcome

@@ -2,6 +2,7 @@
 
 #include "app/resourceicons.h"
 #include "exchange/csvformat.h"
+#include "exchange/importpreviewpages.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -26,9 +27,9 @@ ImportCSVDialogBase::ImportCSVDialogBase(QWidget *parent)
     , startRow(new QSpinBox(this))
     , fl1(new QCheckBox(tr("First row is field names"), this))
     , list(new QTreeWidget(this))
-    , pages(new QStackedWidget(this))
     , status(new QLabel(this))
     , pr(new QProgressBar(this))
+    , pages(new ImportPreviewPages(list, status, pr, this))
     , btnNext(new QPushButton(tr("Next"), this))
     , btnCancel(new QPushButton(loadIconSet(QStringLiteral("button_cancel")), tr("Cancel"), this))
 {
@@ -37,7 +38,7 @@ ImportCSVDialogBase::ImportCSVDialogBase(QWidget *parent)
     const QList<QPair<QWidget *, const char *>> names
         = { { delimiter, "delimiter" }, { other, "other" }, { otherDelimiter, "otherDelimiter" },
               { qualifier, "qualifier" }, { startRow, "startRow" }, { fl1, "fl1" },
-              { list, "list" }, { pr, "pr" }, { btnNext, "btnNext" }, { btnCancel, "btnCancel" } };
+              { btnNext, "btnNext" }, { btnCancel, "btnCancel" } };
     for (const auto &[widget, name] : names)
         widget->setObjectName(QLatin1String(name));
     delimiter->addItems(CsvFormat::delimiterTitles());
@@ -45,17 +46,7 @@ ImportCSVDialogBase::ImportCSVDialogBase(QWidget *parent)
     qualifier->addItems({ QStringLiteral("\""), QStringLiteral("'") });
     startRow->setRange(1, 999999999);
     list->setHeaderLabels({ tr("Row"), tr("Data") });
-    list->setRootIsDecorated(false);
     btnNext->setDefault(true);
-
-    auto *progress = new QWidget(pages);
-    auto *progressLayout = new QVBoxLayout(progress);
-    progressLayout->addStretch();
-    progressLayout->addWidget(status);
-    progressLayout->addWidget(pr);
-    progressLayout->addStretch();
-    pages->addWidget(list);
-    pages->addWidget(progress);
 
     auto *form = new QFormLayout;
     auto *delimiters = new QHBoxLayout;

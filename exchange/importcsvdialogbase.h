@@ -3,6 +3,7 @@
 
 #include <QDialog>
 
+class ImportPreviewPages;
 class QCheckBox;
 class QComboBox;
 class QLabel;
@@ -35,9 +36,9 @@ protected:
     QSpinBox *startRow;
     QCheckBox *fl1;
     QTreeWidget *list;
-    QStackedWidget *pages; // the rows, or the progress while they load
     QLabel *status;
     QProgressBar *pr;
+    ImportPreviewPages *pages; // the rows, or the progress while they load
     QPushButton *btnNext;
     QPushButton *btnCancel;
 };

@@ -4,6 +4,7 @@
 #include "card/fielddef.h"
 #include "edit/dateformatselector.h"
 #include "edit/directoryselector.h"
+#include "exchange/importpreviewpages.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -49,23 +50,22 @@ ImportCSVDialogBase2::ImportCSVDialogBase2(QWidget *parent)
     , basep(new DirectorySelector(this))
     , mlists(editableCombo(this, "mlists", { tr("space") }))
     , list(new QTreeWidget(this))
-    , pages(new QStackedWidget(this))
     , status(new QLabel(this))
     , pr(new QProgressBar(this))
+    , pages(new ImportPreviewPages(list, status, pr, this))
     , btnBack(new QPushButton(tr("Back"), this))
     , btnOk(new QPushButton(loadIconSet(QStringLiteral("button_ok")), tr("Finish"), this))
     , btnCancel(new QPushButton(loadIconSet(QStringLiteral("button_cancel")), tr("Cancel"), this))
 {
     setObjectName(QStringLiteral("ImportCSVDialogBase2"));
     setWindowTitle(tr("Import Text Step 2 of 2"));
-    const QList<QPair<QWidget *, const char *>> names = { { title, "title" }, { type, "type" },
-        { skip, "skip" }, { dateFormat, "format" }, { timeFormat, "format" },
-        { dateTimeFormat, "format" }, { basep, "basep" }, { list, "list" }, { pr, "pr" },
-        { btnBack, "btnBack" }, { btnOk, "btnOk" }, { btnCancel, "btnCancel" } };
+    const QList<QPair<QWidget *, const char *>> names
+        = { { title, "title" }, { type, "type" }, { skip, "skip" }, { dateFormat, "format" },
+              { timeFormat, "format" }, { dateTimeFormat, "format" }, { basep, "basep" },
+              { btnBack, "btnBack" }, { btnOk, "btnOk" }, { btnCancel, "btnCancel" } };
     for (const auto &[widget, name] : names)
         widget->setObjectName(QLatin1String(name));
     type->addItems(FieldDef::typeNames());
-    list->setRootIsDecorated(false);
     list->header()->setSectionsClickable(true);
     btnOk->setDefault(true);
 
@@ -81,15 +81,6 @@ ImportCSVDialogBase2::ImportCSVDialogBase2(QWidget *parent)
     typePages->addWidget(page({ { tr("Yes/No pair:"), boolp } }));
     typePages->addWidget(page({ { tr("Base directory:"), basep } }));
     typePages->addWidget(page({ { tr("Item separator:"), mlists } }));
-
-    auto *progress = new QWidget(pages);
-    auto *progressLayout = new QVBoxLayout(progress);
-    progressLayout->addStretch();
-    progressLayout->addWidget(status);
-    progressLayout->addWidget(pr);
-    progressLayout->addStretch();
-    pages->addWidget(list);
-    pages->addWidget(progress);
 
     auto *form = new QFormLayout;
     form->addRow(tr("Field Title:"), title);

@@ -5,6 +5,7 @@
 
 class DateFormatSelector;
 class DirectorySelector;
+class ImportPreviewPages;
 class QCheckBox;
 class QComboBox;
 class QLabel;
@@ -61,9 +62,9 @@ protected:
     DirectorySelector *basep;
     QComboBox *mlists;
     QTreeWidget *list;
-    QStackedWidget *pages; // the rows, or the progress while they load
     QLabel *status;
     QProgressBar *pr;
+    ImportPreviewPages *pages; // the rows, or the progress while they load
     QPushButton *btnBack;
     QPushButton *btnOk;
     QPushButton *btnCancel;

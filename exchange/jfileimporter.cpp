@@ -1,6 +1,5 @@
 #include "exchange/jfileimporter.h"
 
-#include "card/datamanager.h"
 #include "card/datarecord.h"
 #include "exchange/cardimporttarget.h"
 
@@ -99,29 +98,20 @@ bool JFileImporter::import(const QString &path)
         m_errorString = wrongFormatMessage();
         return false;
     }
-    const QString description = tr("JFile 5.x imported Card [%1]").arg(QFileInfo(path).fileName());
-    if (!m_target->begin(path, reader.databaseName(), description)) {
-        m_errorString = m_target->errorString();
-        return false;
-    }
     makeFields(reader);
-    m_target->installFields(m_fields);
-    DataManager *card = m_target->card();
-    for (int r = 0; r < reader.rowCount(); ++r) {
-        DataRecord *record = card->newRecord();
-        const QByteArrayList values = reader.row(r);
-        for (int i = 0; i < values.size(); ++i) {
-            if (m_map.at(i) >= 0)
-                setValue(record, m_map.at(i), reader.fields().at(i), values.at(i));
-        }
-        card->add(record);
-        ++m_count;
-    }
-    if (!m_target->finish(settledFields())) {
+    const bool done = m_target->importRows(
+        path, reader, tr("JFile 5.x imported Card [%1]").arg(QFileInfo(path).fileName()), m_fields,
+        [this, &reader](DataRecord *record, const QByteArrayList &values) {
+            for (int i = 0; i < values.size(); ++i) {
+                if (m_map.at(i) >= 0)
+                    setValue(record, m_map.at(i), reader.fields().at(i), values.at(i));
+            }
+        },
+        [this] { return settledFields(); });
+    m_count = m_target->rowsAdded();
+    if (!done)
         m_errorString = m_target->errorString();
-        return false;
-    }
-    return true;
+    return done;
 }
 
 QList<int> JFileImporter::fieldMap(const QList<JFileReader::Field> &fields)

@@ -29,11 +29,11 @@ public:
     bool read(QIODevice *device);
 
     int fieldCount() const { return int(m_fields.size()); }
-    int rowCount() const { return int(records().size()); }
+    int rowCount() const override { return int(records().size()); }
     const QList<Field> &fields() const { return m_fields; }
     // The values of a row in field order; empty for an index out of range or a record too
     // short to hold any value.
-    QByteArrayList row(int index) const;
+    QByteArrayList row(int index) const override;
 
 private:
     bool readInfoBlock();

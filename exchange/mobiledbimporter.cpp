@@ -1,6 +1,5 @@
 #include "exchange/mobiledbimporter.h"
 
-#include "card/datamanager.h"
 #include "card/datarecord.h"
 #include "exchange/cardimporttarget.h"
 #include "exchange/mobiledbreader.h"
@@ -11,6 +10,13 @@
 namespace
 {
 constexpr int secondsPerDay = 24 * 60 * 60;
+
+// Seconds into the day, cut down to a whole number of minutes.
+qint64 minutes(qint64 seconds)
+{
+    seconds %= secondsPerDay;
+    return seconds - seconds % 60;
+}
 
 bool isTrueWord(const QByteArray &text)
 {
@@ -42,27 +48,25 @@ bool MobileDBImporter::import(const QString &path)
         m_errorString = wrongFormatMessage();
         return false;
     }
-    const QString description = tr("MobileDB imported Card [%1]").arg(QFileInfo(path).fileName());
-    if (!m_target->begin(path, reader.databaseName(), description)) {
-        m_errorString = m_target->errorString();
-        return false;
-    }
     makeFields(reader);
-    m_target->installFields(m_fields);
-    DataManager *card = m_target->card();
-    for (int r = 0; r < reader.rowCount(); ++r) {
-        DataRecord *record = card->newRecord();
-        const QByteArrayList values = reader.row(r);
-        for (int i = 0; i < values.size(); ++i)
-            setValue(record, i, values.at(i));
-        card->add(record);
-        ++m_count;
-    }
-    if (!m_target->finish(settledFields())) {
+    const bool done = m_target->importRows(
+        path, reader, tr("MobileDB imported Card [%1]").arg(QFileInfo(path).fileName()), m_fields,
+        [this](DataRecord *record, const QByteArrayList &values) {
+            // A row that ends early leaves the rest unset: a date or a time it never had
+            // is no date or time, rather than the moment of the import. A damaged row is
+            // empty and keeps every default.
+            const int given = int(values.size());
+            for (int i = 0; i < (given > 0 ? m_fields.size() : 0); ++i) {
+                const int type = m_fields.at(i).type;
+                if (i < given || type == FieldDef::Date || type == FieldDef::Time)
+                    setValue(record, i, values.value(i));
+            }
+        },
+        [this] { return settledFields(); });
+    m_count = m_target->rowsAdded();
+    if (!done)
         m_errorString = m_target->errorString();
-        return false;
-    }
-    return true;
+    return done;
 }
 
 FieldDef MobileDBImporter::field(const QByteArray &type, const QByteArray &label, int width) const
@@ -120,17 +124,15 @@ void MobileDBImporter::setValue(DataRecord *record, int i, const QByteArray &tex
         record->setDoubleValue(i, text.toDouble());
         break;
     case FieldDef::Date:
-        // An empty text is no date at all, rather than the first day of the epoch.
-        record->setDateValue(
-            i, text.isEmpty() ? QDate() : QDate(1904, 1, 1).addDays(text.toLongLong()));
-        break;
     case FieldDef::Time:
-        if (text.isEmpty()) {
-            record->setTimeValue(i, QTime());
-        } else {
-            const qint64 seconds = text.toLongLong() % secondsPerDay;
-            record->setTimeValue(i, QTime(0, 0).addSecs(int(seconds - seconds % 60)));
-        }
+        // An empty text is no value at all, rather than the first day of the epoch or
+        // midnight.
+        if (text.isEmpty())
+            record->clearValue(i);
+        else if (m_fields.at(i).type == FieldDef::Date)
+            record->setDateValue(i, QDate(1904, 1, 1).addDays(text.toLongLong()));
+        else
+            record->setTimeValue(i, QTime(0, 0).addSecs(int(minutes(text.toLongLong()))));
         break;
     case FieldDef::Bool:
         record->setIntValue(i, isTrueWord(text) ? 1 : 0);

@@ -25,13 +25,13 @@ public:
     bool read(QIODevice *device);
 
     int fieldCount() const { return int(m_titles.size()); }
-    int rowCount() const { return int(m_rows.size()); }
+    int rowCount() const override { return int(m_rows.size()); }
     const QByteArrayList &titles() const { return m_titles; }
     const QByteArrayList &types() const { return m_types; }
     const QList<int> &widths() const { return m_widths; }
     // The values of a row; empty for an index out of range or a damaged record. A row may
     // be shorter than the field list.
-    QByteArrayList row(int index) const;
+    QByteArrayList row(int index) const override;
 
 private:
     // The entries of one record behind its fixed bytes, at most limit of them; numbers

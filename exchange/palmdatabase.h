@@ -61,6 +61,11 @@ public:
     // Byte for byte: case counts.
     bool isType(const char *type, const char *creator) const;
 
+    // The data rows of the database, as each format lays them out in its records; the
+    // layout alone knows none.
+    virtual int rowCount() const { return 0; }
+    virtual QByteArrayList row(int) const { return {}; }
+
     // The whole record at index; false when it lies outside the file.
     bool readRecord(int index, QByteArray *bytes) const;
 

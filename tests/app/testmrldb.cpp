@@ -38,6 +38,7 @@ private Q_SLOTS:
     void documentLaunchOpensCard_data();
     void documentLaunchOpensCard();
     void documentLaunchWaitsForRunningDialog();
+    void documentLaunchImportsText();
     void getTaskFindsRecordOfAnotherCard();
 };
 
@@ -305,6 +306,38 @@ void TestMRLDB::documentLaunchWaitsForRunningDialog()
     running.show();
     window.setDocument(path);
     QVERIFY(!window.openedCard());
+}
+
+// "Import" for a launched text file: the import dialog comes preset to it, the wizard's
+// steps are pressed through, and the new card is open and listed afterwards.
+void TestMRLDB::documentLaunchImportsText()
+{
+    Cards cards;
+    cards.make(QStringLiteral("Books"), 1);
+    const QString text = cards.home.documents() + QStringLiteral("/people.csv");
+    QFile file(text);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("Ann\t1\nBob\t2\n");
+    file.close();
+    // A step's button is pressed once the pass that fills the step has let it go.
+    const auto whenEnabled = [](const char *name) {
+        return [name](QWidget *dialog) {
+            auto *button = dialog->findChild<QPushButton *>(QLatin1String(name));
+            QVERIFY(QTest::qWaitFor([button] { return button->isEnabled(); }));
+            QTest::qWait(100);
+            button->click();
+        };
+    };
+    ModalDriver driver(QList<ModalDriver::Step> { ModalDriver::script(QStringLiteral("button1")),
+        ModalDriver::script(QStringLiteral("btnImport")), whenEnabled("btnNext"),
+        whenEnabled("btnOk"), ModalDriver::script(QStringLiteral("button2")) });
+    MRLDB window;
+    window.setDocument(text);
+    const QString card = cards.path(QStringLiteral("people"));
+    QVERIFY2(window.openedCard(), qPrintable(driver.seen().join(QStringLiteral(", "))));
+    QCOMPARE(window.openedCard()->fullPath(), card);
+    QCOMPARE(window.openedCard()->count(), 2);
+    QVERIFY(window.cards()->findByPath(card));
 }
 
 void TestMRLDB::getTaskFindsRecordOfAnotherCard()

@@ -21,6 +21,7 @@ QByteArray goodMobileDB()
     pdb.addRecord(PdbWriter::mobileRecord({ "Bob", "", "2", "1", "60", "yes", "red", "x" }), 3);
     pdb.addRecord(QByteArray::fromHex("FFFFFF02FF0000") + QByteArray("\0Lost", 5), 2);
     pdb.addRecord(PdbWriter::mobileRecord({ "Cy" }), 2);
+    pdb.addRecord(PdbWriter::mobileRecord({ "Di", "4", "", "", "", "", "", "" }), 2);
     pdb.addRecord("ignored", 4);
     return pdb.bytes();
 }

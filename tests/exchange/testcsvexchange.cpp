@@ -1,9 +1,11 @@
+#include "calc/datetimeformat.h"
 #include "card/datamanager.h"
 #include "card/datarecord.h"
 #include "exchange/csvcolumn.h"
 #include "exchange/csvexporter.h"
 #include "exchange/csvimporter.h"
 #include "exchange/csvvalueconverter.h"
+#include "exchange/datetimewriter.h"
 #include "exchange/textlinereader.h"
 #include "reminders/reminder.h"
 #include "support/testhome.h"
@@ -25,6 +27,8 @@ private Q_SLOTS:
     void conversion();
     void quoting_data();
     void quoting();
+    void dateWriting_data();
+    void dateWriting();
     void exportFile();
     void failedExportKeepsOldFile_data();
     void failedExportKeepsOldFile();
@@ -258,6 +262,42 @@ void TestCsvExchange::quoting()
     QCOMPARE(CsvExporter(options).quoted(value), expected);
 }
 
+void TestCsvExchange::dateWriting_data()
+{
+    QTest::addColumn<QString>("code");
+    QTest::addColumn<QDate>("date");
+    QTest::addColumn<QTime>("time");
+    QTest::addColumn<QString>("expected");
+
+    const QDate day(2005, 4, 3);
+    QTest::newRow("padded runs") << "DD/MM/YYYY hh:mm:ss" << day << QTime(7, 5, 9)
+                                 << "03/04/2005 07:05:09";
+    QTest::newRow("single letters, two-digit year")
+        << "D.M.YY h:m:s" << day << QTime(7, 5, 9) << "3.4.05 7:5:9";
+    QTest::newRow("noon is 12 PM") << "hh:mm AM/PM" << day << QTime(12, 30) << "12:30 PM";
+    QTest::newRow("midnight is 12 AM") << "h:mm AM/PM" << day << QTime(0, 5) << "12:05 AM";
+    QTest::newRow("afternoon") << "hh:mm AM/PM" << day << QTime(13, 5) << "01:05 PM";
+    QTest::newRow("other characters copied") << "Y_at_M" << day << QTime(0, 0) << "05_at_4";
+    QTest::newRow("invalid date writes nothing") << "DD" << QDate() << QTime(0, 0) << "";
+    // Where a moment would make an unset time midnight, an unset time is written empty.
+    QTest::newRow("invalid time writes nothing") << "hh" << day << QTime() << "";
+}
+
+// The code is read once, and the text of a valid moment stays what formatDateTime gives.
+void TestCsvExchange::dateWriting()
+{
+    QFETCH(QString, code);
+    QFETCH(QDate, date);
+    QFETCH(QTime, time);
+    QFETCH(QString, expected);
+
+    QString written = QStringLiteral("x");
+    DateTimeWriter(code, DateTimeWriter::BothParts).append(written, date, time);
+    QCOMPARE(written, QLatin1Char('x') + expected);
+    if (time.isValid())
+        QCOMPARE(formatDateTime(QDateTime(date, time), code), expected);
+}
+
 void TestCsvExchange::exportFile()
 {
     TestHome home;
@@ -305,7 +345,7 @@ void TestCsvExchange::failedExportKeepsOldFile()
 
     TestHome home;
     auto card = cardOf(home, QStringLiteral("c.card"), { F::String });
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < 200; ++i)
         card->insertLoaded(card->newRecord());
     const QString path = home.file(target);
     QFile old(path);
@@ -314,8 +354,7 @@ void TestCsvExchange::failedExportKeepsOldFile()
     old.close();
 
     CsvExporter exporter(commaOptions());
-    int records = 0;
-    exporter.setRecordHook([&] { return !stop || ++records < 2; });
+    exporter.setProgressHook([&](int written) { return !stop || written < 100; });
     QVERIFY(!exporter.write(*card, path));
     QCOMPARE(exporter.wasStopped(), stop);
     if (!stop)

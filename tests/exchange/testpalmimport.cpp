@@ -202,7 +202,10 @@ void TestPalmImport::mobileValues_data()
     QTest::newRow("category 3 row, yes is true")
         << 1 << QStringList { "Bob", "0", "2", "1904-01-02", "00:01:00", "1", "red", "x" };
     QTest::newRow("damaged row keeps defaults") << 2 << QStringList { "", "0", "0" };
-    QTest::newRow("short row") << 3 << QStringList { "Cy", "0", "0" };
+    QTest::newRow("short row: no date or time")
+        << 3 << QStringList { "Cy", "0", "0", "", "", "0", "", "" };
+    QTest::newRow("empty date and time stay unset")
+        << 4 << QStringList { "Di", "4", "0", "", "", "0", "", "" };
 }
 
 void TestPalmImport::mobileValues()
@@ -212,7 +215,7 @@ void TestPalmImport::mobileValues()
     TestHome home;
     DataManager card(importSample(QStringLiteral("mobiledb-good.pdb")));
     QVERIFY(card.load());
-    QCOMPARE(card.records().size(), 4);
+    QCOMPARE(card.records().size(), 5);
     const auto *record = static_cast<const DataRecord *>(card.records().at(row));
     for (int i = 0; i < values.size(); ++i)
         QCOMPARE(slotText(card, record, i), values.at(i));
