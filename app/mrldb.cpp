@@ -105,6 +105,8 @@ MRLDB::MRLDB(QWidget *parent)
     createMenuBar();
     selectionCleared();
     restoreWindowGeometry();
+    if (auto *application = qobject_cast<QPEApplication *>(QCoreApplication::instance()))
+        documentAtStart = !application->startDocument().isEmpty();
 }
 
 MRLDB::~MRLDB()
@@ -293,6 +295,8 @@ void MRLDB::showEvent(QShowEvent *event)
 {
     MRLMainWindow::showEvent(event);
     readOptions();
+    if (std::exchange(documentAtStart, false))
+        return;
     const QString path = cardSetting();
     if (path.isEmpty() || !QFileInfo::exists(path))
         QTimer::singleShot(deferMilliseconds, this, &MRLDB::dbSelect);
@@ -1052,9 +1056,11 @@ void MRLDB::setDocument(const QString &file)
         handTextToEditor(file);
         return;
     }
-    if (choice != 1)
-        return;
-    importFrom(file);
+    if (choice == 1)
+        importFrom(file);
+    // Nothing imported and nothing open (a launch that was declined): offer the cards.
+    if (!manager)
+        QTimer::singleShot(deferMilliseconds, this, &MRLDB::dbSelect);
 }
 
 // The text editor takes the file and this program leaves the stage. On a desktop the

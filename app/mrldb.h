@@ -194,6 +194,9 @@ private:
     int pendingSortColumn = -1;
     bool pendingSortOrder = true;
     bool editing = false;
+    // Launched with a document: the document, not the last card or the chooser, decides
+    // what the first show opens.
+    bool documentAtStart = false;
 };
 
 #endif
