@@ -2,18 +2,16 @@
 #define SENDDATADIALOGCLIENT_H
 
 #include "pclink/pclinkserver.h"
+#include "pclink/transferprogressdialog.h"
 
-#include <QDialog>
 #include <QStringList>
 
-class QLabel;
-class QProgressBar;
 class TransferRunner;
 
 // The client's progress window: connects once it is on screen, runs the file list of pairs
 // through the link and ends by accept when the list has run out, by reject on an error or
 // Close.
-class SendDataDialogClient : public QDialog
+class SendDataDialogClient : public TransferProgressDialog
 {
     Q_OBJECT
 
@@ -30,15 +28,11 @@ Q_SIGNALS:
 private Q_SLOTS:
     void connecting();
     void statusChanged(const QString &status);
-    void progress(int done, int total);
     void receiveFile(const QString &name);
     void finished(bool ok, const QString &error);
 
 private:
     TransferRunner *m_runner;
-    QLabel *m_status;
-    QLabel *m_file;
-    QProgressBar *m_progress;
 };
 
 #endif

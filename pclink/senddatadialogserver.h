@@ -2,18 +2,15 @@
 #define SENDDATADIALOGSERVER_H
 
 #include "pclink/pclinkserver.h"
-
-#include <QDialog>
+#include "pclink/transferprogressdialog.h"
 
 class DBManager;
 class PCLink;
-class QLabel;
-class QProgressBar;
 class TransferServer;
 
 // The server's window: listens while it is open and shows what the newest client does.
 // Cards it receives join the card list. Only Close ends it.
-class SendDataDialogServer : public QDialog
+class SendDataDialogServer : public TransferProgressDialog
 {
     Q_OBJECT
 
@@ -26,19 +23,13 @@ public:
 private Q_SLOTS:
     void connected(PCLink *link);
     void disconnect();
-    void progress(int done, int total);
     void sendingFile(const QString &name);
     void sendingFileFinished();
     void receiveFile(const QString &name);
     void receiveFileFinished(const QString &name);
 
 private:
-    void showState(const QString &status, const QString &file);
-
     TransferServer *m_server;
-    QLabel *m_status;
-    QLabel *m_file;
-    QProgressBar *m_progress;
 };
 
 #endif

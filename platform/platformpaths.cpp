@@ -5,14 +5,16 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
-namespace {
+namespace
+{
 QString &homeOverride()
 {
     static QString dir;
     return dir;
 }
 
-QString underHome(const QString &sub, QStandardPaths::StandardLocation fallback, const QString &leaf)
+QString underHome(
+    const QString &sub, QStandardPaths::StandardLocation fallback, const QString &leaf)
 {
     const QString root = PlatformPaths::homeRoot();
     if (!root.isEmpty())
@@ -37,13 +39,13 @@ void PlatformPaths::setHomeRoot(const QString &dir)
 QString PlatformPaths::settingsDir()
 {
     return underHome(QStringLiteral("settings"), QStandardPaths::GenericConfigLocation,
-                     QStringLiteral("norvika"));
+        QStringLiteral("norvika"));
 }
 
 QString PlatformPaths::dataDir()
 {
     return underHome(QStringLiteral("data"), QStandardPaths::GenericDataLocation,
-                     QStringLiteral("norvika-data"));
+        QStringLiteral("norvika-data"));
 }
 
 QString PlatformPaths::documentsDir()
@@ -57,8 +59,8 @@ QString PlatformPaths::shareDir()
     if (!fromEnv.isEmpty())
         return fromEnv;
     if (QCoreApplication::instance()) {
-        const QString installed =
-            QCoreApplication::applicationDirPath() + QStringLiteral("/../share/norvika");
+        const QString installed = QCoreApplication::applicationDirPath() + QLatin1Char('/')
+            + QStringLiteral(NORVIKA_SHARE_FROM_BINARY);
         if (QFileInfo(installed + QStringLiteral("/pics")).isDir())
             return QDir::cleanPath(installed);
     }

@@ -8,6 +8,7 @@
 #include <QDataStream>
 #include <QDir>
 #include <QFileInfo>
+#include <QUrl>
 
 namespace
 {
@@ -52,8 +53,12 @@ QString QPEApplication::documentDir()
 QString QPEApplication::findStartDocument(const QStringList &arguments)
 {
     for (qsizetype i = 1; i < arguments.size(); ++i) {
-        if (!arguments.at(i).startsWith(QLatin1Char('-')))
-            return QFileInfo(arguments.at(i)).absoluteFilePath();
+        const QString &argument = arguments.at(i);
+        if (argument.startsWith(QLatin1Char('-')))
+            continue;
+        // A launcher may hand over a file:// URL in place of a path.
+        const QUrl url(argument);
+        return QFileInfo(url.isLocalFile() ? url.toLocalFile() : argument).absoluteFilePath();
     }
     return QString();
 }

@@ -11,6 +11,9 @@ packages=(
   xvfb xauth sqlite3 libsqlite3-dev
   libqt6printsupport6 poppler-utils
   dbus-daemon
+  # the checks of an install: desktop entry, metadata, file type, manual pages
+  desktop-file-utils appstream shared-mime-info xdg-utils libfile-mimeinfo-perl
+  man-db groff-base
 )
 
 missing=()

@@ -7,6 +7,11 @@
 // for high-resolution screens. Each pics/ picture has a "name@2x.png" twin of twice the size,
 // which the toolkit takes on a screen of device pixel ratio 2. A picture missing from the
 // theme fails the build.
+//
+//   norvika-makeicons --hicolor CONTEXT/PICTURE THEME_DIR OUT_DIR NAME
+//
+// writes the one picture as OUT_DIR/<N>x<N>/apps/NAME.png at the sizes a desktop's icon
+// theme looks in, for the application's icon in the hicolor theme.
 
 #include <QCoreApplication>
 #include <QDir>
@@ -27,6 +32,7 @@ const int toolBarSize = 22;
 const int highResolutionSize = 32;
 const int fontSizes[] = { 16, 24, 32 };
 const int themeSizes[] = { 8, 16, 22, 32, 48, 64, 128, 256 };
+const int hicolorSizes[] = { 16, 22, 24, 32, 48, 64, 128, 256 };
 
 struct Entry {
     int line = 0;
@@ -179,23 +185,46 @@ void build(
         outputPath(shareDir, QStringLiteral("pics144"), entry, QString()));
 }
 
+void buildHicolor(
+    const QString &source, const QString &themeDir, const QString &outDir, const QString &name)
+{
+    Entry entry;
+    entry.name = name;
+    entry.source = source;
+    for (int size : hicolorSizes)
+        write(picture(entry, themeDir, size, QStringLiteral("--hicolor")),
+            QStringLiteral("%1/%2x%2/apps/%3.png").arg(outDir).arg(size).arg(name));
+}
+
+void requireTheme(const QString &themeDir)
+{
+    if (!QFileInfo(themeDir).isDir())
+        fail(QStringLiteral("the icon theme folder %1 does not exist "
+                            "(install the package oxygen-icon-theme)")
+                 .arg(themeDir));
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
     QCoreApplication app(argc, argv);
     const QStringList args = app.arguments();
+    if (args.size() == 6 && args.at(1) == QLatin1String("--hicolor")) {
+        requireTheme(args.at(3));
+        buildHicolor(args.at(2), args.at(3), args.at(4), args.at(5));
+        return 0;
+    }
     if (args.size() != 4) {
-        std::fprintf(stderr, "usage: norvika-makeicons MAP THEME_DIR SHARE_DIR\n");
+        std::fprintf(stderr,
+            "usage: norvika-makeicons MAP THEME_DIR SHARE_DIR\n"
+            "       norvika-makeicons --hicolor CONTEXT/PICTURE THEME_DIR OUT_DIR NAME\n");
         return 2;
     }
     const QString mapPath = args.at(1);
     const QString themeDir = args.at(2);
     const QString shareDir = args.at(3);
-    if (!QFileInfo(themeDir).isDir())
-        fail(QStringLiteral("the icon theme folder %1 does not exist "
-                            "(install the package oxygen-icon-theme)")
-                 .arg(themeDir));
+    requireTheme(themeDir);
     const QList<Entry> entries = readMap(mapPath);
     if (entries.isEmpty())
         fail(QStringLiteral("%1 maps no names").arg(mapPath));

@@ -5,6 +5,7 @@
 
 #include <QSignalSpy>
 #include <QTest>
+#include <QUrl>
 #include <QWidget>
 
 // A main window as the program has one: it takes documents through its slot.
@@ -26,6 +27,7 @@ class TestQPEApplication : public QObject
 
 private Q_SLOTS:
     void startDocumentReachesTheMainWindow();
+    void secondStartHandsOverItsDocument_data();
     void secondStartHandsOverItsDocument();
 };
 
@@ -74,8 +76,25 @@ void TestQPEApplication::startDocumentReachesTheMainWindow()
     QTRY_COMPARE(window.documents, QStringList { expected });
 }
 
+// How a second start names its card: as the file manager hands it over, or with none.
+enum class Named { Relative, Absolute, Url, Nothing };
+
+void TestQPEApplication::secondStartHandsOverItsDocument_data()
+{
+    QTest::addColumn<Named>("named");
+    QTest::addColumn<QString>("file"); // under the documents folder
+
+    QTest::newRow("relative name") << Named::Relative << QStringLiteral("b.card");
+    QTest::newRow("absolute path, blanks and accents")
+        << Named::Absolute << QStringLiteral("Mes fiches/été 2026.card");
+    QTest::newRow("file URL") << Named::Url << QStringLiteral("Mes fiches/été 2026.card");
+    QTest::newRow("no document: raise") << Named::Nothing << QString();
+}
+
 void TestQPEApplication::secondStartHandsOverItsDocument()
 {
+    QFETCH(Named, named);
+    QFETCH(QString, file);
     TestHome home;
     App launched;
     QPEApplication &app = *launched.app;
@@ -84,18 +103,19 @@ void TestQPEApplication::secondStartHandsOverItsDocument()
     app.showMainDocumentWidget(&window, true);
     QSignalSpy spy(&app, &QPEApplication::appMessage);
 
-    QCOMPARE(HelperProcess::run(home.path(), { QStringLiteral("launch"), QStringLiteral("b.card") },
-                 home.documents()),
+    const QString path = home.documents() + QLatin1Char('/') + file;
+    const QStringList arguments[]
+        = { { file }, { path }, { QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded) }, {} };
+    QCOMPARE(
+        HelperProcess::run(home.path(),
+            QStringList { QStringLiteral("launch") } + arguments[int(named)], home.documents()),
         0);
-    const QString expected = home.documents() + QStringLiteral("/b.card");
-    QTRY_COMPARE(window.documents, QStringList { expected });
-    QCOMPARE(spy.count(), 1);
-    QCOMPARE(spy.at(0).at(0).toByteArray(), QByteArrayLiteral("setDocument(QString)"));
 
-    // Started again with no document, it brings the running one forward and leaves.
-    QCOMPARE(HelperProcess::run(home.path(), { QStringLiteral("launch") }), 0);
-    QTRY_COMPARE(spy.count(), 2);
-    QCOMPARE(spy.at(1).at(0).toByteArray(), QByteArrayLiteral("raise()"));
+    QTRY_COMPARE(spy.count(), 1);
+    const bool withDocument = named != Named::Nothing;
+    QCOMPARE(spy.at(0).at(0).toByteArray(),
+        withDocument ? QByteArrayLiteral("setDocument(QString)") : QByteArrayLiteral("raise()"));
+    QCOMPARE(window.documents, withDocument ? QStringList { path } : QStringList());
 }
 
 QTEST_APPLESS_MAIN(TestQPEApplication)
