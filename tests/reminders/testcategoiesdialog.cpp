@@ -30,6 +30,14 @@ private Q_SLOTS:
 
 namespace
 {
+QString titlesOf(const QList<PIMRecord *> &records)
+{
+    QStringList list;
+    for (const PIMRecord *record : records)
+        list.append(record->title());
+    return list.join(QLatin1Char(','));
+}
+
 struct Notes {
     explicit Notes(const QString &titles, bool related = true)
         : notes(QStringLiteral("norvika"), QStringLiteral("notes"), false, false,
@@ -56,10 +64,10 @@ struct Notes {
     }
     QString titles(const QStringList &uids) const
     {
-        QStringList list;
+        QList<PIMRecord *> found;
         for (const QString &uid : uids)
-            list.append(categories.findByUid(uid)->title());
-        return list.join(QLatin1Char(','));
+            found.append(categories.findByUid(uid));
+        return titlesOf(found);
     }
 
     TestHome home;
@@ -67,14 +75,6 @@ struct Notes {
     PIMManager notes;
     PIMRecord *note;
 };
-
-QString viewTitles(const PIMManager &manager)
-{
-    QStringList list;
-    for (PIMRecord *record : manager.view())
-        list.append(record->title());
-    return list.join(QLatin1Char(','));
-}
 
 // Answers the string or message box that a step opens: "Ok" or "Cancel" after text.
 void answerBox(const QString &text, bool ok)
@@ -162,13 +162,13 @@ void TestCategoiesDialog::dialog()
         QString name = parts.at(0);
         dialog->findChild<QToolButton *>(name.remove(QLatin1Char('-')))->click();
     }
-    QCOMPARE(viewTitles(store.categories), titles);
+    QCOMPARE(titlesOf(store.categories.view()), titles);
     QCOMPARE(store.titles(dialog->selectedCategories()), selected);
     QCOMPARE(dialog->findChild<QToolButton *>(QStringLiteral("btnRemove"))->isEnabled(), removable);
     QCOMPARE(dialog->isVisible() ? -1 : dialog->result(), result);
     CategoryManager saved; // every edit is on disk at once
     QVERIFY(saved.load());
-    QCOMPARE(viewTitles(saved), titles);
+    QCOMPARE(titlesOf(saved.view()), titles);
 }
 
 // Filed: titles of the record's categories, unknown ones standing for UIDs of nothing.
