@@ -14,6 +14,33 @@
 #include <QTest>
 #include <QToolButton>
 
+// Ticked: null for the editor without check marks. Step: a key, a header click, or a
+// button with the text typed into the box it opens, "-" in front to cancel that box.
+// Result: -1 while the dialog is open.
+struct DialogCase {
+    const char *ticked;
+    int row;
+    const char *step;
+    const char *titles;
+    const char *selected;
+    bool removable;
+    int result = -1;
+};
+Q_DECLARE_METATYPE(DialogCase)
+
+// Store: null for a record whose manager has no related manager. Filed: titles of the
+// record's categories, unknown ones standing for UIDs of nothing. Answer: how the
+// categories dialog is left after its check-mark header is clicked.
+struct SelectorCase {
+    const char *store;
+    const char *filed;
+    const char *answer;
+    const char *texts;
+    int current;
+    const char *applied;
+};
+Q_DECLARE_METATYPE(SelectorCase)
+
 // The categories dialog and the selector as a user drives them, over a note type of the
 // test's own whose manager has the categories as its related manager.
 class TestCategoiesDialog : public QObject
@@ -30,6 +57,11 @@ private Q_SLOTS:
 
 namespace
 {
+QString text(const char *latin1)
+{
+    return QString::fromLatin1(latin1);
+}
+
 QString titlesOf(const QList<PIMRecord *> &records)
 {
     QStringList list;
@@ -90,65 +122,42 @@ void answerBox(const QString &text, bool ok)
 }
 } // namespace
 
-// Ticked: null for the editor without check marks. Step: a key, a header click, or a
-// button with the text typed into the box it opens, "-" in front to cancel that box.
-// Result: -1 while the dialog is open.
-void dialogRow(const char *tag, const QString &ticked, int row, const char *step,
-    const char *titles, const char *selected, bool removable, int result = -1)
-{
-    QTest::newRow(tag) << ticked << row << QString::fromLatin1(step) << QString::fromLatin1(titles)
-                       << QString::fromLatin1(selected) << removable << result;
-}
-
 void TestCategoiesDialog::dialog_data()
 {
-    QTest::addColumn<QString>("ticked");
-    QTest::addColumn<int>("row");
-    QTest::addColumn<QString>("step");
-    QTest::addColumn<QString>("titles");
-    QTest::addColumn<QString>("selected");
-    QTest::addColumn<bool>("removable");
-    QTest::addColumn<int>("result");
-
-    dialogRow("editor", QString(), 1, "", "A,B,C", "", true);
-    dialogRow("first not removable", "", 0, "", "A,B,C", "", false);
-    dialogRow("header, some off", "B", 1, "header", "A,B,C", "A,B,C", true);
-    dialogRow("header, all on", "A,B,C", 1, "header", "A,B,C", "", true);
-    dialogRow("space ticks", "C", 1, "space", "A,B,C", "B,C", true);
-    dialogRow("space unticks", "B", 1, "space", "A,B,C", "", true);
-    dialogRow("return accepts", "B", 1, "return", "A,B,C", "B", true, QDialog::Accepted);
-    dialogRow("escape rejects", "B", 1, "escape", "A,B,C", "B", true, QDialog::Rejected);
-    dialogRow("new", "", 1, "btnNew:D", "A,B,C,D", "D", true);
-    dialogRow("new, empty", "", 1, "btnNew:", "A,B,C", "", true);
-    dialogRow("new, cancel", "", 1, "-btnNew:D", "A,B,C", "", true);
-    dialogRow("rename first", "A", 0, "btnRename:Z", "Z,B,C", "Z", false);
-    dialogRow("rename, empty", "", 1, "btnRename:", "A,B,C", "", true);
-    dialogRow("rename, cancel", "", 1, "-btnRename:Z", "A,B,C", "", true);
-    dialogRow("remove", "B,C", 1, "btnRemove:", "A,C", "C", true);
-    dialogRow("remove, cancel", "", 1, "-btnRemove:", "A,B,C", "", true);
+    QTest::addColumn<DialogCase>("c");
+    QTest::newRow("editor") << DialogCase { nullptr, 1, "", "A,B,C", "", true };
+    QTest::newRow("first not removable") << DialogCase { "", 0, "", "A,B,C", "", false };
+    QTest::newRow("header, some off") << DialogCase { "B", 1, "header", "A,B,C", "A,B,C", true };
+    QTest::newRow("header, all on") << DialogCase { "A,B,C", 1, "header", "A,B,C", "", true };
+    QTest::newRow("space ticks") << DialogCase { "C", 1, "space", "A,B,C", "B,C", true };
+    QTest::newRow("space unticks") << DialogCase { "B", 1, "space", "A,B,C", "", true };
+    QTest::newRow("return accepts") << DialogCase { "B", 1, "return", "A,B,C", "B", true, 1 };
+    QTest::newRow("escape rejects") << DialogCase { "B", 1, "escape", "A,B,C", "B", true, 0 };
+    QTest::newRow("new") << DialogCase { "", 1, "btnNew:D", "A,B,C,D", "D", true };
+    QTest::newRow("new, empty") << DialogCase { "", 1, "btnNew:", "A,B,C", "", true };
+    QTest::newRow("new, cancel") << DialogCase { "", 1, "-btnNew:D", "A,B,C", "", true };
+    QTest::newRow("rename first") << DialogCase { "A", 0, "btnRename:Z", "Z,B,C", "Z", false };
+    QTest::newRow("rename, empty") << DialogCase { "", 1, "btnRename:", "A,B,C", "", true };
+    QTest::newRow("rename, cancel") << DialogCase { "", 1, "-btnRename:Z", "A,B,C", "", true };
+    QTest::newRow("remove") << DialogCase { "B,C", 1, "btnRemove:", "A,C", "C", true };
+    QTest::newRow("remove, cancel") << DialogCase { "", 1, "-btnRemove:", "A,B,C", "", true };
 }
 
 void TestCategoiesDialog::dialog()
 {
-    QFETCH(QString, ticked);
-    QFETCH(int, row);
-    QFETCH(QString, step);
-    QFETCH(QString, titles);
-    QFETCH(QString, selected);
-    QFETCH(bool, removable);
-    QFETCH(int, result);
+    QFETCH(DialogCase, c);
     Notes store(QStringLiteral("A,B,C"));
     static_cast<CategoryRecord *>(store.categories.find(QStringLiteral("A")))->setSelected(true);
-    std::unique_ptr<CategoiesDialog> dialog(ticked.isNull()
+    std::unique_ptr<CategoiesDialog> dialog(!c.ticked
             ? new CategoiesDialog(&store.categories)
-            : new CategoiesDialog(&store.categories, store.uids(ticked)));
-    QCOMPARE(dialog->windowTitle(),
-        QString::fromLatin1(ticked.isNull() ? "Categories Editor" : "Categories"));
-    QCOMPARE(dialog->list()->fieldColumns().first(), ticked.isNull() ? 2 : 0);
+            : new CategoiesDialog(&store.categories, store.uids(QLatin1String(c.ticked))));
+    QCOMPARE(dialog->windowTitle(), text(c.ticked ? "Categories" : "Categories Editor"));
+    QCOMPARE(dialog->list()->fieldColumns().first(), c.ticked ? 0 : 2);
     dialog->show();
     QVERIFY(QTest::qWaitForWindowExposed(dialog.get()));
-    dialog->list()->showRecord(store.categories.view().at(row));
+    dialog->list()->showRecord(store.categories.view().at(c.row));
     QHeaderView *header = dialog->list()->header();
+    const QString step = text(c.step);
     const QStringList parts = step.split(QLatin1Char(':'));
     if (step == QLatin1String("header"))
         QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, QPoint(2, header->height() / 2));
@@ -162,64 +171,46 @@ void TestCategoiesDialog::dialog()
         QString name = parts.at(0);
         dialog->findChild<QToolButton *>(name.remove(QLatin1Char('-')))->click();
     }
-    QCOMPARE(titlesOf(store.categories.view()), titles);
-    QCOMPARE(store.titles(dialog->selectedCategories()), selected);
-    QCOMPARE(dialog->findChild<QToolButton *>(QStringLiteral("btnRemove"))->isEnabled(), removable);
-    QCOMPARE(dialog->isVisible() ? -1 : dialog->result(), result);
+    QCOMPARE(titlesOf(store.categories.view()), text(c.titles));
+    QCOMPARE(store.titles(dialog->selectedCategories()), text(c.selected));
+    QCOMPARE(
+        dialog->findChild<QToolButton *>(QStringLiteral("btnRemove"))->isEnabled(), c.removable);
+    QCOMPARE(dialog->isVisible() ? -1 : dialog->result(), c.result);
     CategoryManager saved; // every edit is on disk at once
     QVERIFY(saved.load());
-    QCOMPARE(titlesOf(saved.view()), titles);
-}
-
-// Filed: titles of the record's categories, unknown ones standing for UIDs of nothing.
-// Answer: how the categories dialog is left after its check-mark header is clicked.
-void selectorRow(const char *tag, const char *store, const char *filed, const char *answer,
-    const char *texts, int current, const char *applied)
-{
-    QTest::newRow(tag) << QString::fromLatin1(store) << QString::fromLatin1(filed)
-                       << QString::fromLatin1(answer) << QString::fromLatin1(texts) << current
-                       << QString::fromLatin1(applied);
+    QCOMPARE(titlesOf(saved.view()), text(c.titles));
 }
 
 void TestCategoiesDialog::selector_data()
 {
-    QTest::addColumn<QString>("store");
-    QTest::addColumn<QString>("filed");
-    QTest::addColumn<QString>("answer");
-    QTest::addColumn<QString>("texts");
-    QTest::addColumn<int>("current");
-    QTest::addColumn<QString>("applied");
-
-    selectorRow("none: the first", "A,B,C", "", "", "A,B,C", 0, "A");
-    selectorRow("one", "A,B,C", "B", "", "A,B,C", 1, "B");
-    selectorRow("all unknown: the first", "A,B,C", "x,y", "", "A,B,C", 0, "A");
-    selectorRow("unknown dropped, one left", "A,B,C", "x,C", "", "A,B,C", 2, "C");
-    selectorRow("two", "A,B,C", "C,A", "", "C [...],A [...],A,B,C", 0, "C,A");
-    selectorRow(
-        "three, unknown", "A,B,C", "B,x,A,C", "", "B [...],A [...],C [...],A,B,C", 0, "B,A,C");
-    selectorRow("empty store", "", "x", "", "", -1, "");
-    selectorRow("no related manager", "A", "A", "", "", -1, "");
-    selectorRow("tick all, ok", "A,B,C", "B", "ok", "A [...],B [...],C [...],A,B,C", 0, "A,B,C");
-    selectorRow("tick all, cancel", "A,B,C", "B", "cancel", "A,B,C", 1, "B");
-    selectorRow("untick all, ok", "A,B,C", "A,B,C", "ok", "A,B,C", 0, "A");
+    QTest::addColumn<SelectorCase>("c");
+    const char *const all = "A,B,C";
+    QTest::newRow("none: the first") << SelectorCase { all, "", "", all, 0, "A" };
+    QTest::newRow("one") << SelectorCase { all, "B", "", all, 1, "B" };
+    QTest::newRow("all unknown: the first") << SelectorCase { all, "x,y", "", all, 0, "A" };
+    QTest::newRow("unknown dropped, one left") << SelectorCase { all, "x,C", "", all, 2, "C" };
+    QTest::newRow("two") << SelectorCase { all, "C,A", "", "C [...],A [...],A,B,C", 0, "C,A" };
+    QTest::newRow("three, unknown")
+        << SelectorCase { all, "B,x,A,C", "", "B [...],A [...],C [...],A,B,C", 0, "B,A,C" };
+    QTest::newRow("empty store") << SelectorCase { "", "x", "", "", -1, "" };
+    QTest::newRow("no related manager") << SelectorCase { nullptr, "A", "", "", -1, "" };
+    QTest::newRow("tick all, ok") << SelectorCase { all, "B", "ok", "A [...],B [...],C [...],A,B,C",
+        0, all };
+    QTest::newRow("tick all, cancel") << SelectorCase { all, "B", "cancel", all, 1, "B" };
+    QTest::newRow("untick all, ok") << SelectorCase { all, all, "ok", all, 0, "A" };
 }
 
 void TestCategoiesDialog::selector()
 {
-    QFETCH(QString, store);
-    QFETCH(QString, filed);
-    QFETCH(QString, answer);
-    QFETCH(QString, texts);
-    QFETCH(int, current);
-    QFETCH(QString, applied);
-    Notes notes(store, QByteArray(QTest::currentDataTag()) != "no related manager");
-    notes.note->setCategories(notes.uids(filed));
+    QFETCH(SelectorCase, c);
+    Notes notes(text(c.store), c.store != nullptr);
+    notes.note->setCategories(notes.uids(text(c.filed)));
     CategoriesSelector selector;
     selector.setRecord(notes.note);
-    if (!answer.isEmpty()) {
-        whenShown<CategoiesDialog>([answer](CategoiesDialog *dialog) {
+    if (*c.answer) {
+        const bool ok = text(c.answer) == QLatin1String("ok");
+        whenShown<CategoiesDialog>([ok](CategoiesDialog *dialog) {
             dialog->list()->sectionClicked(0);
-            const bool ok = answer == QLatin1String("ok");
             dialog->findChild<QPushButton *>(ok ? "btnOk" : "btnCancel")->click();
         });
         QTest::mouseClick(selector.findChild<QToolButton *>(), Qt::LeftButton);
@@ -227,11 +218,11 @@ void TestCategoiesDialog::selector()
     QStringList shown;
     for (int i = 0; i < selector.comboBox()->count(); ++i)
         shown.append(selector.comboBox()->itemText(i));
-    QCOMPARE(shown.join(QLatin1Char(',')), texts);
-    QCOMPARE(selector.comboBox()->currentIndex(), current);
+    QCOMPARE(shown.join(QLatin1Char(',')), text(c.texts));
+    QCOMPARE(selector.comboBox()->currentIndex(), c.current);
     QCOMPARE(selector.findChild<QToolButton *>()->isEnabled(), selector.manager() != nullptr);
     selector.apply(notes.note);
-    QCOMPARE(notes.titles(notes.note->categories()), applied);
+    QCOMPARE(notes.titles(notes.note->categories()), text(c.applied));
 }
 
 QTEST_MAIN(TestCategoiesDialog)
