@@ -35,14 +35,15 @@ CategoiesDialog::CategoiesDialog(PIMManager *manager, const QStringList *uids, Q
     setWindowTitle(uids ? tr("Categories") : tr("Categories Editor"));
     markSelected(uids ? *uids : QStringList());
     m_list->setColumns(uids ? QList<int> { Field::SelectedField, Field::TitleField,
-                                  Field::TextColorField, Field::LineColorField }
+                           Field::TextColorField, Field::LineColorField }
                             : QList<int> { Field::IconField, Field::TitleField,
-                                  Field::TextColorField, Field::LineColorField });
+                                Field::TextColorField, Field::LineColorField });
     connect(m_list, &CategoryListView::selectionCleared, this, &CategoiesDialog::selectionCleared);
     connect(m_list, &CategoryListView::selected, this, &CategoiesDialog::selected);
     // Space ticks the current row from the keyboard; Return is left to accept the dialog.
-    connect(m_list, qOverload<const QPoint &, PIMRecord *>(&CategoryListView::popup), m_list,
-        [this](const QPoint &, PIMRecord *record) { m_list->toggle(record); });
+    if (uids)
+        connect(m_list, qOverload<const QPoint &, PIMRecord *>(&CategoryListView::popup), m_list,
+            [this](const QPoint &, PIMRecord *record) { m_list->toggle(record); });
     m_list->installEventFilter(this);
 
     auto *layout = new QVBoxLayout(this);
