@@ -71,6 +71,9 @@ PIMListView::PIMListView(QWidget *parent, const QString &name)
     buildPageBar();
     buildPagePopup();
     setSortingEnabled(false);
+    // Turning the view's own sorting off makes the header deaf; its clicks sort through
+    // the manager instead.
+    header()->setSectionsClickable(true);
     setAllColumnsShowFocus(true);
     setFocusPolicy(Qt::StrongFocus);
     viewport()->installEventFilter(this);
