@@ -16,6 +16,8 @@ private Q_SLOTS:
     void countFits_data();
     void countFits();
     void readStringList();
+    void readString_data();
+    void readString();
 };
 
 namespace
@@ -125,6 +127,38 @@ void TestBinaryFormat::readStringList()
         QCOMPARE(BinaryFormat::readStringList(stream, list), whole);
         QCOMPARE(list, (whole ? QStringList { "x", QString() } : QStringList()));
     }
+}
+
+// The lean string reader must leave the string and the stream as the stream's operator does.
+void TestBinaryFormat::readString_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("null") << QByteArray::fromHex("ffffffff0000");
+    QTest::newRow("empty") << QByteArray::fromHex("000000000041");
+    QTest::newRow("text") << encoded(QStringLiteral("Aé€")) + "tail";
+    QTest::newRow("beyond 16 bits") << encoded(QStringLiteral("𝄞 clef"));
+    QTest::newRow("odd byte count") << QByteArray::fromHex("000000030041ff");
+    QTest::newRow("cut off") << QByteArray::fromHex("000000080041");
+    QTest::newRow("huge count") << QByteArray::fromHex("7ffffffe0041");
+    QTest::newRow("no length") << QByteArray::fromHex("0000");
+}
+
+void TestBinaryFormat::readString()
+{
+    QFETCH(QByteArray, bytes);
+    QDataStream expectedStream(bytes);
+    BinaryFormat::prepare(expectedStream);
+    QString expected(QStringLiteral("old"));
+    expectedStream >> expected;
+    QDataStream stream(bytes);
+    BinaryFormat::prepare(stream);
+    QString text(QStringLiteral("old"));
+    QCOMPARE(BinaryFormat::readString(stream, text), BinaryFormat::ok(expectedStream));
+    QCOMPARE(text, expected);
+    QCOMPARE(text.isNull(), expected.isNull());
+    QCOMPARE(stream.status(), expectedStream.status());
+    if (BinaryFormat::ok(stream))
+        QCOMPARE(stream.device()->pos(), expectedStream.device()->pos());
 }
 
 QTEST_GUILESS_MAIN(TestBinaryFormat)
