@@ -1,4 +1,5 @@
 #include "store/binaryformat.h"
+#include "store/localstamp.h"
 
 #include <QBuffer>
 #include <QDateTime>
@@ -18,6 +19,8 @@ private Q_SLOTS:
     void readStringList();
     void readString_data();
     void readString();
+    void stampSameAsDateTime_data();
+    void stampSameAsDateTime();
 };
 
 namespace
@@ -159,6 +162,36 @@ void TestBinaryFormat::readString()
     QCOMPARE(stream.status(), expectedStream.status());
     if (BinaryFormat::ok(stream))
         QCOMPARE(stream.device()->pos(), expectedStream.device()->pos());
+}
+
+// A stamp must read and write a date-time's bytes exactly as the stream's QDateTime does.
+void TestBinaryFormat::stampSameAsDateTime_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("null date and time") << QByteArray::fromHex("00000000ffffffff");
+    QTest::newRow("day and time") << QByteArray::fromHex("00253d8c03ef1480");
+    QTest::newRow("midnight") << QByteArray::fromHex("00253d8c00000000");
+    QTest::newRow("day without time") << QByteArray::fromHex("00253d8cffffffff");
+    QTest::newRow("time without day") << QByteArray::fromHex("0000000003ef1480");
+    QTest::newRow("time past the day") << QByteArray::fromHex("00253d8c05265c00");
+    QTest::newRow("day past 32 bits signed") << QByteArray::fromHex("9000000000000001");
+}
+
+void TestBinaryFormat::stampSameAsDateTime()
+{
+    QFETCH(QByteArray, bytes);
+    QDataStream in(bytes);
+    BinaryFormat::prepare(in);
+    QDateTime dateTime;
+    LocalStamp stamp;
+    in >> dateTime;
+    in.device()->seek(0);
+    in >> stamp;
+    QCOMPARE(stamp.toDateTime(), dateTime);
+    QCOMPARE(stamp.toDateTime().date(), dateTime.date());
+    QCOMPARE(stamp.toDateTime().time(), dateTime.time());
+    QCOMPARE(encoded(stamp).toHex(), encoded(dateTime).toHex());
+    QCOMPARE(encoded(LocalStamp(dateTime)).toHex(), encoded(dateTime).toHex());
 }
 
 QTEST_GUILESS_MAIN(TestBinaryFormat)
