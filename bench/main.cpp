@@ -13,8 +13,9 @@
 
 #include <memory>
 
-// norvika-bench CARD [RUNS]: times the card operations against sqlite3 on the same rows
-// and against the raw I/O of the card's bytes, and prints one table.
+// norvika-bench CARD [RUNS] [PEER.sqlite]: times the card operations against sqlite3 on the
+// same rows and against the raw I/O of the card's bytes, and prints one table. With
+// PEER.sqlite the peer's database stays there, for the sqlite3 shell to be measured on.
 int main(int argc, char **argv)
 {
     LocalTimeZone::pin(); // as the programs do
@@ -23,7 +24,7 @@ int main(int argc, char **argv)
     QTextStream out(stdout);
     const QStringList args = app.arguments();
     if (args.size() < 2) {
-        QTextStream(stderr) << "usage: norvika-bench CARD [RUNS]\n";
+        QTextStream(stderr) << "usage: norvika-bench CARD [RUNS] [PEER.sqlite]\n";
         return 2;
     }
     const QString card = QFileInfo(args.at(1)).absoluteFilePath();
@@ -31,7 +32,9 @@ int main(int argc, char **argv)
     QTemporaryDir scratch;
 
     CardBench ours(card, scratch.path(), runs);
-    SqlitePeer peer(scratch.filePath(QStringLiteral("peer.sqlite")), runs);
+    const QString peerPath
+        = args.size() > 3 ? args.at(3) : scratch.filePath(QStringLiteral("peer.sqlite"));
+    SqlitePeer peer(peerPath, runs);
     RawFileCost raw(card);
     {
         DataManager source(card);

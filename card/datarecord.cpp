@@ -82,6 +82,10 @@ QTime DataRecord::timeValue(int i) const
 
 QDateTime DataRecord::dateTimeValue(int i) const
 {
+    if (i >= 0 && i < slotCount()) {
+        if (const auto *stamp = std::get_if<LocalStamp>(&m_values.at(i)))
+            return stamp->toDateTime();
+    }
     return slot<QDateTime>(i);
 }
 
@@ -175,55 +179,44 @@ void DataRecord::read(QDataStream &stream)
 {
     PIMRecord::read(stream);
     const QList<FieldDef> fields = fieldList();
-    m_values.clear();
-    m_values.resize(fields.size());
+    // Made at its size in one allocation; each value is read straight into its slot.
+    m_values = QList<Value>(fields.size());
+    Value *values = m_values.data();
     for (int i = 0; i < fields.size() && BinaryFormat::ok(stream); ++i)
-        readSlot(stream, i, fields.at(i).type);
+        readSlot(stream, values[i], fields.at(i).type);
     qint32 hasReminder = 0;
-    stream >> m_memo >> m_image >> hasReminder;
+    BinaryFormat::readString(stream, m_memo);
+    BinaryFormat::readString(stream, m_image);
+    stream >> hasReminder;
     m_reminder.reset();
     if (hasReminder == 1 && BinaryFormat::ok(stream))
         readReminder(stream);
 }
 
-void DataRecord::readSlot(QDataStream &stream, int i, int type)
+void DataRecord::readSlot(QDataStream &stream, Value &slot, int type)
 {
     switch (FieldDef::family(type)) {
-    case FieldDef::TextFamily: {
-        QString text;
-        stream >> text;
-        setStringValue(i, text);
+    case FieldDef::TextFamily:
+        BinaryFormat::readString(stream, slot.emplace<QString>());
         break;
-    }
     case FieldDef::NumberFamily:
         if (type == FieldDef::Double) {
-            double value = 0;
-            stream >> value;
-            setDoubleValue(i, value);
+            stream >> slot.emplace<double>();
         } else {
             qint32 value = 0;
             stream >> value;
-            setIntValue(i, value);
+            slot = double(value);
         }
         break;
-    case FieldDef::DateFamily: {
-        QDate date;
-        stream >> date;
-        setDateValue(i, date);
+    case FieldDef::DateFamily:
+        stream >> slot.emplace<QDate>();
         break;
-    }
-    case FieldDef::TimeFamily: {
-        QTime time;
-        stream >> time;
-        setTimeValue(i, time);
+    case FieldDef::TimeFamily:
+        stream >> slot.emplace<QTime>();
         break;
-    }
-    case FieldDef::DateTimeFamily: {
-        QDateTime dateTime;
-        stream >> dateTime;
-        setDateTimeValue(i, dateTime);
+    case FieldDef::DateTimeFamily:
+        stream >> slot.emplace<LocalStamp>();
         break;
-    }
     case FieldDef::NoSlot:
         break;
     }

@@ -74,13 +74,15 @@ public:
         const QList<int> &map, const QList<FieldDef> &oldFields, const QList<FieldDef> &newFields);
 
 private:
-    using Value = std::variant<std::monostate, QString, double, QDate, QTime, QDateTime>;
+    // A date-time read from the file stays a LocalStamp until it is asked for.
+    using Value
+        = std::variant<std::monostate, QString, double, QDate, QTime, QDateTime, LocalStamp>;
 
     template <typename T> T slot(int i) const;
     void setSlot(int i, Value value);
     QList<FieldDef> fieldList() const;
     void writeSlot(QDataStream &stream, int i, int type) const;
-    void readSlot(QDataStream &stream, int i, int type);
+    static void readSlot(QDataStream &stream, Value &slot, int type);
     void readReminder(QDataStream &stream);
 
     QList<Value> m_values;

@@ -1,6 +1,7 @@
 #include "store/binaryformat.h"
 
 #include <QIODevice>
+#include <QtEndian>
 
 void BinaryFormat::prepare(QDataStream &stream)
 {
@@ -30,6 +31,38 @@ bool BinaryFormat::countFits(QDataStream &stream, qint64 count, qint64 minBytesE
     return true;
 }
 
+// The stream's operator grows a string in steps and keeps the spare room: on a card of many
+// texts that is a large part of the memory a loaded card takes.
+bool BinaryFormat::readString(QDataStream &stream, QString &text)
+{
+    if (remaining(stream) < 0) {
+        // A device that cannot tell what is left: the stream's own stepwise reading.
+        stream >> text;
+        return ok(stream);
+    }
+    quint32 bytes = 0;
+    stream >> bytes;
+    if (bytes == 0xffffffffu) {
+        text = QString();
+    } else if (bytes == 0) {
+        text = QString(QLatin1StringView(""));
+    } else if (bytes % 2 != 0) {
+        text.clear();
+        stream.setStatus(QDataStream::ReadCorruptData);
+    } else if (bytes > remaining(stream)) {
+        text.clear();
+        stream.setStatus(QDataStream::ReadPastEnd);
+    } else {
+        text = QString(qsizetype(bytes / 2), Qt::Uninitialized);
+        stream.readRawData(reinterpret_cast<char *>(text.data()), int(bytes));
+        if (stream.byteOrder() == QDataStream::BigEndian)
+            qFromBigEndian<char16_t>(text.constData(), text.size(), text.data());
+        else
+            qFromLittleEndian<char16_t>(text.constData(), text.size(), text.data());
+    }
+    return ok(stream);
+}
+
 bool BinaryFormat::readStringList(QDataStream &stream, QStringList &list)
 {
     list.clear();
@@ -41,7 +74,7 @@ bool BinaryFormat::readStringList(QDataStream &stream, QStringList &list)
     list.reserve(qsizetype(qMin<quint32>(count, 4096)));
     for (quint32 i = 0; i < count && ok(stream); ++i) {
         QString s;
-        stream >> s;
+        readString(stream, s);
         list.append(s);
     }
     return ok(stream);

@@ -23,6 +23,11 @@ public:
     // A false answer also marks the stream's status as corrupt.
     static bool countFits(QDataStream &stream, qint64 count, qint64 minBytesEach);
 
+    // Reads a string as the stream's own operator does (null for 0xFFFFFFFF, "" for 0, corrupt
+    // for an odd byte count, empty and past the end when cut off), but in one allocation of
+    // exactly its length, made only once the bytes are known to be there.
+    static bool readString(QDataStream &stream, QString &text);
+
     // Reads a 32-bit count and the strings, refusing a count the stream cannot hold.
     static bool readStringList(QDataStream &stream, QStringList &list);
 

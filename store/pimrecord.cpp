@@ -17,8 +17,8 @@ PIMRecord::PIMRecord(PIMManager *manager)
     : m_manager(manager)
 {
     uuid_generate(m_uid);
-    m_created = QDateTime::currentDateTime();
-    m_updated = QDateTime::currentDateTime();
+    m_created = LocalStamp(QDateTime::currentDateTime());
+    m_updated = LocalStamp(QDateTime::currentDateTime());
 }
 
 PIMRecord::PIMRecord(PIMManager *manager, BlankTag)
@@ -202,9 +202,9 @@ bool PIMRecord::read(QTextStream &stream)
             if (uuid_parse(tokens.value(1).toLatin1().constData(), parsed) == 0)
                 uuid_copy(m_uid, parsed);
         } else if (key == QLatin1String("CREATED")) {
-            m_created = MRLPIM::stringToDateTime(tokens.value(1));
+            setCreated(MRLPIM::stringToDateTime(tokens.value(1)));
         } else if (key == QLatin1String("UPDATED")) {
-            m_updated = MRLPIM::stringToDateTime(tokens.value(1));
+            setUpdated(MRLPIM::stringToDateTime(tokens.value(1)));
         } else if (key == QLatin1String("PROP")) {
             if (tokens.size() < 2)
                 continue;
@@ -225,8 +225,8 @@ void PIMRecord::readField(const QString &, const QStringList &, QTextStream &)
 void PIMRecord::write(QTextStream &stream) const
 {
     stream << "UID=" << uidString() << '\n';
-    stream << "CREATED=" << MRLPIM::dateTimeToString(m_created) << '\n';
-    stream << "UPDATED=" << MRLPIM::dateTimeToString(m_updated) << '\n';
+    stream << "CREATED=" << MRLPIM::dateTimeToString(created()) << '\n';
+    stream << "UPDATED=" << MRLPIM::dateTimeToString(updated()) << '\n';
     for (auto it = m_properties.cbegin(); it != m_properties.cend(); ++it)
         stream << "PROP=" << it.key() << '=' << MRLPIM::escape(it.value()) << '\n';
     if (!m_categories.isEmpty())
@@ -258,7 +258,8 @@ void PIMRecord::read(QDataStream &stream)
     for (qint32 i = 0; i < count && BinaryFormat::ok(stream); ++i) {
         QString key;
         QString value;
-        stream >> key >> value;
+        BinaryFormat::readString(stream, key);
+        BinaryFormat::readString(stream, value);
         if (BinaryFormat::ok(stream))
             m_properties.insert(key, value);
     }

@@ -1,6 +1,8 @@
 #ifndef PIMRECORD_H
 #define PIMRECORD_H
 
+#include "store/localstamp.h"
+
 #include <QDateTime>
 #include <QMap>
 #include <QString>
@@ -32,10 +34,11 @@ public:
     QString uidString() const;
     const unsigned char *uid() const { return m_uid; }
     void setUid(const uuid_t uid);
-    QDateTime created() const { return m_created; }
-    QDateTime updated() const { return m_updated; }
-    void setCreated(const QDateTime &when) { m_created = when; }
-    void setUpdated(const QDateTime &when) { m_updated = when; }
+    // Time stamps are local times.
+    QDateTime created() const { return m_created.toDateTime(); }
+    QDateTime updated() const { return m_updated.toDateTime(); }
+    void setCreated(const QDateTime &when) { m_created = LocalStamp(when); }
+    void setUpdated(const QDateTime &when) { m_updated = LocalStamp(when); }
 
     // Properties; each change marks the manager changed (without counting a change).
     void setProperty(const QString &key, const QString &value);
@@ -85,8 +88,8 @@ private:
     void markManagerChanged();
 
     uuid_t m_uid;
-    QDateTime m_created;
-    QDateTime m_updated;
+    LocalStamp m_created;
+    LocalStamp m_updated;
     PIMManager *m_manager;
     QMap<QString, QString> m_properties;
     QStringList m_sortKeys;

@@ -1,4 +1,5 @@
 #include "store/binaryformat.h"
+#include "store/localstamp.h"
 
 #include <QBuffer>
 #include <QDateTime>
@@ -16,6 +17,10 @@ private Q_SLOTS:
     void countFits_data();
     void countFits();
     void readStringList();
+    void readString_data();
+    void readString();
+    void stampSameAsDateTime_data();
+    void stampSameAsDateTime();
 };
 
 namespace
@@ -125,6 +130,68 @@ void TestBinaryFormat::readStringList()
         QCOMPARE(BinaryFormat::readStringList(stream, list), whole);
         QCOMPARE(list, (whole ? QStringList { "x", QString() } : QStringList()));
     }
+}
+
+// The lean string reader must leave the string and the stream as the stream's operator does.
+void TestBinaryFormat::readString_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("null") << QByteArray::fromHex("ffffffff0000");
+    QTest::newRow("empty") << QByteArray::fromHex("000000000041");
+    QTest::newRow("text") << encoded(QStringLiteral("Aé€")) + "tail";
+    QTest::newRow("beyond 16 bits") << encoded(QStringLiteral("𝄞 clef"));
+    QTest::newRow("odd byte count") << QByteArray::fromHex("000000030041ff");
+    QTest::newRow("cut off") << QByteArray::fromHex("000000080041");
+    QTest::newRow("huge count") << QByteArray::fromHex("7ffffffe0041");
+    QTest::newRow("no length") << QByteArray::fromHex("0000");
+}
+
+void TestBinaryFormat::readString()
+{
+    QFETCH(QByteArray, bytes);
+    QDataStream expectedStream(bytes);
+    BinaryFormat::prepare(expectedStream);
+    QString expected(QStringLiteral("old"));
+    expectedStream >> expected;
+    QDataStream stream(bytes);
+    BinaryFormat::prepare(stream);
+    QString text(QStringLiteral("old"));
+    QCOMPARE(BinaryFormat::readString(stream, text), BinaryFormat::ok(expectedStream));
+    QCOMPARE(text, expected);
+    QCOMPARE(text.isNull(), expected.isNull());
+    QCOMPARE(stream.status(), expectedStream.status());
+    if (BinaryFormat::ok(stream))
+        QCOMPARE(stream.device()->pos(), expectedStream.device()->pos());
+}
+
+// A stamp must read and write a date-time's bytes exactly as the stream's QDateTime does.
+void TestBinaryFormat::stampSameAsDateTime_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("null date and time") << QByteArray::fromHex("00000000ffffffff");
+    QTest::newRow("day and time") << QByteArray::fromHex("00253d8c03ef1480");
+    QTest::newRow("midnight") << QByteArray::fromHex("00253d8c00000000");
+    QTest::newRow("day without time") << QByteArray::fromHex("00253d8cffffffff");
+    QTest::newRow("time without day") << QByteArray::fromHex("0000000003ef1480");
+    QTest::newRow("time past the day") << QByteArray::fromHex("00253d8c05265c00");
+    QTest::newRow("day past 32 bits signed") << QByteArray::fromHex("9000000000000001");
+}
+
+void TestBinaryFormat::stampSameAsDateTime()
+{
+    QFETCH(QByteArray, bytes);
+    QDataStream in(bytes);
+    BinaryFormat::prepare(in);
+    QDateTime dateTime;
+    LocalStamp stamp;
+    in >> dateTime;
+    in.device()->seek(0);
+    in >> stamp;
+    QCOMPARE(stamp.toDateTime(), dateTime);
+    QCOMPARE(stamp.toDateTime().date(), dateTime.date());
+    QCOMPARE(stamp.toDateTime().time(), dateTime.time());
+    QCOMPARE(encoded(stamp).toHex(), encoded(dateTime).toHex());
+    QCOMPARE(encoded(LocalStamp(dateTime)).toHex(), encoded(dateTime).toHex());
 }
 
 QTEST_GUILESS_MAIN(TestBinaryFormat)
