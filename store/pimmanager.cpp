@@ -95,9 +95,15 @@ bool PIMManager::load()
 
     const QString path = fullPath();
     const QString pending = path + QStringLiteral(".new");
-    // A save that was cut off between writing and renaming left the card only here.
-    if (!QFile::exists(path) && QFile::exists(pending) && posixRename(pending, path))
-        syncFolder(path);
+    // A save that was cut off between writing and renaming left the card only here. Beside
+    // the card, a ".new" is a save cut off while writing: the card is the whole old one,
+    // and the remains would only sit there until the next save.
+    if (QFile::exists(pending)) {
+        if (QFile::exists(path))
+            QFile::remove(pending);
+        else if (posixRename(pending, path))
+            syncFolder(path);
+    }
 
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
