@@ -134,6 +134,15 @@ void TestPIMManager::oddTextFiles_data()
     QTest::newRow("partial block dropped")
         << QByteArray("FOLDER\nTOTAL=-1\nEND\nT=one\nEND\nT=two\nPROP=a=b\n")
         << QStringList { "one" } << true;
+    // Found by fuzzing: the header's bytes that are no UTF-8 once left the reading of the
+    // records in an endless loop.
+    QTest::newRow("no UTF-8 in the header, partial block") << QByteArray("FOLDER\nSORT\x1d-\xc4"
+                                                                         "1\nPERPAG\xbb\xc2"
+                                                                         "15\nTOTAL=3\nEND\nER")
+                                                           << QStringList() << true;
+    QTest::newRow("no UTF-8 in the header, whole block") << QByteArray("FOLDER\nSORT\x1d-\xc4"
+                                                                       "1\nEND\r\nT=one\nEND\n")
+                                                         << QStringList { "one" } << false;
 }
 
 void TestPIMManager::oddTextFiles()
