@@ -24,6 +24,12 @@ QString DBFlows::caption()
     return MRLPIM::applicationName();
 }
 
+void DBFlows::reportListSave(const DBManager *manager)
+{
+    if (manager->isChanged())
+        MRLDialog::critical(caption(), manager->errorString());
+}
+
 DBRecord *DBFlows::newCard(DBManager *manager, QWidget *parent)
 {
     auto *record = new DBRecord(manager);
@@ -42,6 +48,7 @@ DBRecord *DBFlows::newCard(DBManager *manager, QWidget *parent)
             caption(), tr("Cannot create Card.\nDestination location not available."));
         return nullptr;
     }
+    reportListSave(manager);
     return record;
 }
 
@@ -63,6 +70,7 @@ bool DBFlows::editCard(DBManager *manager, DBRecord *record, QWidget *parent)
         MRLDialog::critical(
             caption(), tr("Cannot update Card.\nDestination location not available!"));
     manager->save();
+    reportListSave(manager);
     return true;
 }
 
@@ -74,6 +82,7 @@ bool DBFlows::deleteCard(DBManager *manager, DBRecord *record, QWidget *parent)
             tr("Are you sure you want to delete\nCard [%1] ?").arg(record->title())))
         return false;
     manager->removeCard(record, true);
+    reportListSave(manager);
     return true;
 }
 
@@ -83,6 +92,7 @@ bool DBFlows::removeFromList(DBManager *manager, DBRecord *record, QWidget *)
             tr("Are you sure you want to remove\nCard [%1] from List?").arg(record->title())))
         return false;
     manager->removeCard(record, false);
+    reportListSave(manager);
     return true;
 }
 
@@ -93,6 +103,7 @@ DBRecord *DBFlows::duplicateCard(DBManager *manager, DBRecord *record, QWidget *
         MRLDialog::critical(caption(), tr("Duplicate failed!"));
         return nullptr;
     }
+    reportListSave(manager);
     MRLDialog::information(caption(), tr("Duplicate done!"));
     return copy;
 }
@@ -133,5 +144,6 @@ DBRecord *DBFlows::addCards(DBManager *manager, const QStringList &files)
         }
         last = manager->addCard(file);
     }
+    reportListSave(manager);
     return last;
 }

@@ -40,6 +40,9 @@ public:
 
 private:
     static QString caption();
+    // After a flow that changed the list: a list that could not be saved is still changed,
+    // and the user is told why (the list on disk is the one before the flow).
+    static void reportListSave(const DBManager *manager);
 };
 
 #endif

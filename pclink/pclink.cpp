@@ -90,30 +90,17 @@ bool PCLink::receiveContent()
 bool PCLink::readFrames()
 {
     for (;;) {
-        const qsizetype blank = m_buffer.indexOf(' ');
-        if (blank < 0) {
-            if (m_buffer.size() > PCLinkFrame::maxLengthDigits) {
-                breakConnection();
-                return false;
-            }
-            if (!appendChunk())
-                return false;
-            continue;
-        }
-        const qint64 length = PCLinkFrame::lengthValue(QByteArrayView(m_buffer).first(blank));
-        if (length < -1 || length > PCLinkFrame::maxPayload) {
+        QByteArray payload;
+        const PCLinkFrame::Take taken = PCLinkFrame::take(m_buffer, payload);
+        if (taken == PCLinkFrame::Broken) {
             breakConnection();
             return false;
         }
-        // A length that is no number reads as 0: the frame is empty and goes.
-        const qint64 payloadLength = qMax<qint64>(length, 0);
-        if (m_buffer.size() < blank + 1 + payloadLength) {
+        if (taken == PCLinkFrame::NeedMore) {
             if (!appendChunk())
                 return false;
             continue;
         }
-        const QByteArray payload = m_buffer.mid(blank + 1, payloadLength);
-        m_buffer.remove(0, blank + 1 + payloadLength);
         dispatch(payload);
         if (m_state == Receiving || state() != ConnectedState)
             return m_state == Receiving;

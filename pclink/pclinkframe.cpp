@@ -26,6 +26,23 @@ qint64 PCLinkFrame::lengthValue(QByteArrayView digits)
     return value < 0 ? -2 : value;
 }
 
+PCLinkFrame::Take PCLinkFrame::take(QByteArray &buffer, QByteArray &payload)
+{
+    const qsizetype blank = buffer.indexOf(' ');
+    if (blank < 0)
+        return buffer.size() > maxLengthDigits ? Broken : NeedMore;
+    const qint64 length = lengthValue(QByteArrayView(buffer).first(blank));
+    if (length < -1 || length > maxPayload)
+        return Broken;
+    // A length that is no number reads as 0: the frame is empty and goes.
+    const qint64 payloadLength = qMax<qint64>(length, 0);
+    if (buffer.size() < blank + 1 + payloadLength)
+        return NeedMore;
+    payload = buffer.mid(blank + 1, payloadLength);
+    buffer.remove(0, blank + 1 + payloadLength);
+    return Taken;
+}
+
 PCLinkFrame::FieldReader::FieldReader(const QByteArray &payload, qsizetype start)
     : m_payload(payload)
     , m_pos(start)

@@ -20,6 +20,11 @@ public:
     // The value of a length text: -1 for no number, -2 for a negative or oversized one.
     static qint64 lengthValue(QByteArrayView digits);
 
+    enum Take { Taken, NeedMore, Broken };
+    // Moves the first whole frame of the received bytes into payload. NeedMore while it is
+    // unfinished; Broken when its length is malformed or beyond the bounds above.
+    static Take take(QByteArray &buffer, QByteArray &payload);
+
     // Reads the fields of a payload behind its tag. A field is counted in UTF-8 bytes, as
     // the writer counts it, so names beyond ASCII cross the link intact.
     class FieldReader

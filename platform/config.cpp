@@ -2,6 +2,7 @@
 
 #include "platform/platformpaths.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -17,9 +18,11 @@ Config::Config(const QString &name, Domain domain)
     read();
 }
 
+// Settings written on the way out have no caller left to tell; the log says it instead.
 Config::~Config()
 {
-    write();
+    if (!write())
+        qWarning("%s", qPrintable(m_errorString));
 }
 
 bool Config::isValid() const
@@ -66,7 +69,7 @@ bool Config::write()
     QDir().mkpath(QFileInfo(m_fileName).absolutePath());
     QSaveFile file(m_fileName);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
-        return false;
+        return fail(file.errorString());
     QTextStream out(&file);
     out.setEncoding(QStringConverter::Utf8);
     for (auto g = m_groups.cbegin(); g != m_groups.cend(); ++g) {
@@ -74,11 +77,27 @@ bool Config::write()
         for (auto e = g->cbegin(); e != g->cend(); ++e)
             out << e.key() << " = " << escapeValue(e.value()) << '\n';
     }
+    // QSaveFile's commit passes over a write that failed in its own buffer (a full disk
+    // is found only there), so the stream and the buffer are checked before it.
     out.flush();
+    if (out.status() != QTextStream::Ok || !file.flush()) {
+        const QString reason = file.errorString();
+        file.cancelWriting();
+        return fail(reason);
+    }
     if (!file.commit())
-        return false;
+        return fail(file.errorString());
     m_changed = false;
+    m_errorString.clear();
     return true;
+}
+
+bool Config::fail(const QString &reason)
+{
+    m_errorString = QCoreApplication::translate("Config",
+        "Cannot save the settings \"%1\": %2. The file on disk was left as it was.")
+                        .arg(m_fileName, reason);
+    return false;
 }
 
 void Config::setGroup(const QString &group)

@@ -41,13 +41,16 @@ public:
     void removeEntry(const QString &key);
     void clearGroup();
 
-    // Writes the file now if anything changed; false when it could not be written.
+    // Writes the file now if anything changed; false when it could not be written, and
+    // then the file holds what it held before and errorString() says why.
     bool write();
+    QString errorString() const { return m_errorString; }
 
 private:
     using Group = QMap<QString, QString>;
 
     void read();
+    bool fail(const QString &reason);
     static QString escapeValue(const QString &value);
     static QString unescapeValue(const QString &text);
 
@@ -56,6 +59,7 @@ private:
     QMap<QString, Group> m_groups;
     bool m_valid = false;
     bool m_changed = false;
+    QString m_errorString;
 };
 
 #endif

@@ -55,6 +55,17 @@ void syncFolder(const QString &path)
     ::close(fd);
 }
 
+// One line of a text file without its line end, as a text stream would read it.
+QString textLine(QIODevice &device)
+{
+    QByteArray line = device.readLine();
+    if (line.endsWith('\n'))
+        line.chop(1);
+    if (line.endsWith('\r'))
+        line.chop(1);
+    return QString::fromUtf8(line);
+}
+
 } // namespace
 
 PIMManager::PIMManager(const QString &folder, const QString &fileName, bool templates,
@@ -95,9 +106,15 @@ bool PIMManager::load()
 
     const QString path = fullPath();
     const QString pending = path + QStringLiteral(".new");
-    // A save that was cut off between writing and renaming left the card only here.
-    if (!QFile::exists(path) && QFile::exists(pending) && posixRename(pending, path))
-        syncFolder(path);
+    // A save that was cut off between writing and renaming left the card only here. Beside
+    // the card, a ".new" is a save cut off while writing: the card is the whole old one,
+    // and the remains would only sit there until the next save.
+    if (QFile::exists(pending)) {
+        if (QFile::exists(path))
+            QFile::remove(pending);
+        else if (posixRename(pending, path))
+            syncFolder(path);
+    }
 
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
@@ -140,13 +157,16 @@ void PIMManager::clearRecords()
 
 void PIMManager::readText(QIODevice &device)
 {
-    QTextStream stream(&device);
-    stream.setEncoding(QStringConverter::Utf8);
-    if (!readTextHeader(stream))
+    // The header is read as bytes, so that where the records begin is exact: a text
+    // stream's position is not after bytes that are no UTF-8, and asking for it then
+    // leaves the stream reading empty lines for ever.
+    if (!readTextHeader(device))
         m_damaged = true;
-    m_dataStart = stream.pos();
+    m_dataStart = device.pos();
     if (m_headerOnly)
         return;
+    QTextStream stream(&device);
+    stream.setEncoding(QStringConverter::Utf8);
     const qint64 expected = prepareRecords(device.size() - m_dataStart, minTextRecordBytes);
     while (m_records.size() < expected && !stream.atEnd()) {
         PIMRecord *record = createRecord();
@@ -161,17 +181,17 @@ void PIMManager::readText(QIODevice &device)
 }
 
 // False when a header was begun but not closed by its "END".
-bool PIMManager::readTextHeader(QTextStream &stream)
+bool PIMManager::readTextHeader(QIODevice &device)
 {
-    if (stream.atEnd())
+    if (device.atEnd())
         return true;
-    if (stream.readLine() != QLatin1String("FOLDER")) {
+    if (textLine(device) != QLatin1String("FOLDER")) {
         // No header: the whole file is record blocks.
-        stream.seek(0);
+        device.seek(0);
         return true;
     }
-    while (!stream.atEnd()) {
-        const QString line = stream.readLine();
+    while (!device.atEnd()) {
+        const QString line = textLine(device);
         if (line == QLatin1String("END"))
             return true;
         // Unlike a record line, empty tokens are dropped here; old files rely on that.

@@ -147,7 +147,7 @@ protected:
 private:
     void clearRecords();
     void readText(QIODevice &device);
-    bool readTextHeader(QTextStream &stream);
+    bool readTextHeader(QIODevice &device);
     void readBinary(QIODevice &device);
     qint64 prepareRecords(qint64 bytesLeft, qint64 minRecordBytes);
     void checkRecordCount();

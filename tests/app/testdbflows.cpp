@@ -26,6 +26,7 @@ private Q_SLOTS:
     void editCard();
     void deleteCard_data();
     void deleteCard();
+    void removeFromList_data();
     void removeFromList();
     void duplicateCard();
     void duplicateOfMissingFile();
@@ -180,15 +181,36 @@ void TestDBFlows::deleteCard()
 }
 
 // No password is asked: the file stays.
+void TestDBFlows::removeFromList_data()
+{
+    QTest::addColumn<bool>("listBlocked");
+    QTest::newRow("list saved") << false;
+    QTest::newRow("list cannot be saved") << true;
+}
+
+// A list that cannot be saved is told after the confirmation; the file on disk stays.
 void TestDBFlows::removeFromList()
 {
+    QFETCH(bool, listBlocked);
     Listed listed(QStringLiteral("pw"));
     const QString path = listed.record->path();
-    ModalDriver driver(QStringList { QStringLiteral("button1") });
+    const QByteArray before = [&] {
+        QFile file(listed.list.fullPath());
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }();
+    if (listBlocked)
+        QVERIFY(QDir().mkpath(listed.list.fullPath() + QStringLiteral(".new")));
+    ModalDriver driver(QStringList { QStringLiteral("button1"), QStringLiteral("button1") });
     QVERIFY(DBFlows::removeFromList(&listed.list, listed.record, nullptr));
-    QCOMPARE(driver.seen().size(), 1);
+    QCOMPARE(driver.seen().size(), listBlocked ? 2 : 1);
     QVERIFY(QFileInfo::exists(path));
     QVERIFY(listed.list.paths().isEmpty());
+    QFile file(listed.list.fullPath());
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll() == before, listBlocked);
+    if (listBlocked)
+        QVERIFY2(driver.seen().at(1).contains(QStringLiteral("Cannot write")),
+            qPrintable(driver.seen().at(1)));
 }
 
 void TestDBFlows::duplicateCard()

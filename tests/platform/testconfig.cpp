@@ -1,8 +1,10 @@
 #include "platform/config.h"
 #include "platform/global.h"
 #include "platform/platformpaths.h"
+#include "support/filesizelimit.h"
 #include "support/testhome.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTest>
 
@@ -15,6 +17,8 @@ private Q_SLOTS:
     void roundTrip();
     void defaultsAndWritingOnlyWhenChanged();
     void removeEntryAndClearGroup();
+    void failedWriteKeepsOldFile_data();
+    void failedWriteKeepsOldFile();
 };
 
 void TestConfig::roundTrip_data()
@@ -96,6 +100,48 @@ void TestConfig::removeEntryAndClearGroup()
         (QStringList { QStringLiteral("10"), QStringLiteral("20") }));
     cfg.setGroup(QStringLiteral("main"));
     QVERIFY(!cfg.hasKey(QStringLiteral("colour")));
+}
+
+void TestConfig::failedWriteKeepsOldFile_data()
+{
+    QTest::addColumn<bool>("fullDisk");
+    QTest::newRow("full disk") << true;
+    // Folder permissions do not bind every user; a file where the folder should be does.
+    QTest::newRow("folder is a file") << false;
+}
+
+void TestConfig::failedWriteKeepsOldFile()
+{
+    QFETCH(bool, fullDisk);
+    TestHome home;
+    const QString folder = home.file(QStringLiteral("settings"));
+    QString path = folder + QStringLiteral("/a.conf");
+    if (fullDisk) {
+        Config old(path, Config::File);
+        old.writeEntry(QStringLiteral("old"), QStringLiteral("value"));
+    } else {
+        QFile(folder).open(QIODevice::WriteOnly);
+    }
+    const QByteArray before = [&] {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }();
+    QCOMPARE(before.isEmpty(), !fullDisk);
+
+    Config config(path, Config::File);
+    config.writeEntry(QStringLiteral("new"), QString(8192, QLatin1Char('x')));
+    bool written = true;
+    {
+        FileSizeLimit limit(fullDisk ? rlim_t(before.size()) : RLIM_INFINITY);
+        written = config.write();
+    }
+    QVERIFY(!written);
+    QVERIFY2(config.errorString().contains(path), qPrintable(config.errorString()));
+    QFile file(path);
+    QCOMPARE(file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray(), before);
+    QCOMPARE(QDir(folder).entryList(QDir::Files).size(), fullDisk ? 1 : 0);
+    if (fullDisk)
+        QVERIFY(config.write());
 }
 
 QTEST_GUILESS_MAIN(TestConfig)

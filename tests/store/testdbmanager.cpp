@@ -1,6 +1,7 @@
 #include "card/datamanager.h"
 #include "store/dbmanager.h"
 #include "store/dbrecord.h"
+#include "support/filesizelimit.h"
 #include "support/testhome.h"
 
 #include <QDir>
@@ -26,6 +27,8 @@ private Q_SLOTS:
     void removal_data();
     void removal();
     void duplicateGivesNewIdentities();
+    void failedSaveKeepsOldList_data();
+    void failedSaveKeepsOldList();
 };
 
 namespace
@@ -374,6 +377,49 @@ void TestDBManager::duplicateGivesNewIdentities()
     for (const PIMRecord *record : duplicate.records())
         QVERIFY(!uids.contains(record->uidString()));
     QCOMPARE(duplicate.description(), QStringLiteral("text"));
+}
+
+void TestDBManager::failedSaveKeepsOldList_data()
+{
+    QTest::addColumn<bool>("extended");
+    QTest::addColumn<bool>("fullDisk");
+    QTest::newRow("device list, full disk") << false << true;
+    QTest::newRow("device list, unwritable") << false << false;
+    QTest::newRow("extended list, full disk") << true << true;
+    QTest::newRow("extended list, unwritable") << true << false;
+}
+
+// Unwritable: a folder where the list's pending file goes, which binds every user.
+void TestDBManager::failedSaveKeepsOldList()
+{
+    QFETCH(bool, extended);
+    QFETCH(bool, fullDisk);
+    TestHome home;
+    const QString folder = home.documents();
+    DBManager list(extended);
+    list.load();
+    list.createCard(newEntry(list, folder, QStringLiteral("Old")));
+    QVERIFY(list.save() && !list.isChanged());
+    const QByteArray before = fileBytes(list.fullPath());
+    QVERIFY(!before.isEmpty());
+
+    DBRecord *entry = newEntry(list, folder, QStringLiteral("New"));
+    list.add(entry);
+    if (!fullDisk)
+        QVERIFY(QDir().mkpath(list.fullPath() + QStringLiteral(".new")));
+    {
+        FileSizeLimit limit(fullDisk ? rlim_t(before.size()) : RLIM_INFINITY);
+        QVERIFY(!list.save());
+    }
+    QVERIFY(list.isChanged());
+    QVERIFY2(list.errorString().contains(list.fullPath()), qPrintable(list.errorString()));
+    QCOMPARE(fileBytes(list.fullPath()), before);
+    if (fullDisk)
+        QVERIFY(!QFile::exists(list.fullPath() + QStringLiteral(".new")));
+    else
+        QVERIFY(QDir().rmdir(list.fullPath() + QStringLiteral(".new")));
+    QVERIFY(list.save());
+    QVERIFY(fileBytes(list.fullPath()).contains(entry->title().toUtf8()));
 }
 
 QTEST_GUILESS_MAIN(TestDBManager)

@@ -1,12 +1,11 @@
-// libFuzzer entry over the Palm readers: the bytes are read as a bare database, as MobileDB
-// and as JFile, and every row of a reader that accepts them is read.
+// The Palm readers: the bytes are read as a bare database, as MobileDB and as JFile, and
+// every row of a reader that accepts them is read.
+#include "fuzzinput.h"
+
 #include "exchange/jfilereader.h"
 #include "exchange/mobiledbreader.h"
 
 #include <QBuffer>
-
-#include <cstddef>
-#include <cstdint>
 
 namespace
 {
@@ -24,7 +23,7 @@ template <class Reader> void readAllRows(QByteArray &bytes)
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
-    QByteArray bytes(reinterpret_cast<const char *>(data), qsizetype(size));
+    QByteArray bytes = FuzzInput::bytes(data, size);
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::ReadOnly);
     PalmDatabase database;
