@@ -1,5 +1,5 @@
 // Writes the seed corpora of the fuzz harnesses, one folder per harness, from the program's
-// own writers: cards and card lists as they are saved, the alarm table, delimited text as the
+// own writers: cards, card lists and categories as they are saved, the alarm table, delimited text as the
 // export writes it, link messages as the link sends them, the shipped format codes with texts
 // they format, and formulas of every form the evaluator knows.
 // Usage: norvika-fuzzseeds OUTPUT_FOLDER
@@ -12,6 +12,8 @@
 #include "platform/alarmtable.h"
 #include "platform/config.h"
 #include "platform/platformpaths.h"
+#include "reminders/categorymanager.h"
+#include "reminders/categoryrecord.h"
 #include "store/dbmanager.h"
 #include "store/dbrecord.h"
 
@@ -80,6 +82,23 @@ void writeCardLists(const QString &folder)
     extended.forceSave();
     writeSeed(
         QStringLiteral("textstore"), QStringLiteral("extended"), readFile(extended.fullPath()));
+}
+
+void writeCategories()
+{
+    CategoryManager store;
+    const QList<std::pair<QString, QColor>> categories = { { QStringLiteral("Business"),
+        QColor(Qt::blue) }, { QStringLiteral("Personal \"home\""), QColor() },
+        { QStringLiteral("Travel\tabroad"), QColor(0x12, 0x34, 0x56) } };
+    for (const auto &[title, color] : categories) {
+        auto *category = static_cast<CategoryRecord *>(store.createRecord());
+        category->setTitle(title);
+        category->setTextColor(color);
+        category->setLineColor(color.isValid() ? color.lighter() : QColor());
+        store.add(category);
+    }
+    store.forceSave();
+    writeSeed(QStringLiteral("categories"), QStringLiteral("store"), readFile(store.fullPath()));
 }
 
 void writeAlarms(const QString &folder)
@@ -202,6 +221,7 @@ int main(int argc, char **argv)
     PlatformPaths::setHomeRoot(home.path());
     writeCards(home.path());
     writeCardLists(home.path());
+    writeCategories();
     writeAlarms(home.path());
     writeCsv(home.path());
     writeLinkMessages();
