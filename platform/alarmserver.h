@@ -11,6 +11,19 @@
 class AlarmServer
 {
 public:
+    // While a batch lives, the calls of this process share one table, locked all along and
+    // written once when the outermost batch ends; a call then answers false only for an
+    // alarm that is not valid. Batches nest. No event may be served inside one, as the
+    // table's lock keeps every other reader of the file waiting.
+    class Batch
+    {
+    public:
+        Batch();
+        ~Batch();
+        Batch(const Batch &) = delete;
+        Batch &operator=(const Batch &) = delete;
+    };
+
     // False when the alarm is not valid (no moment, channel or message) or the table
     // could not be written. An alarm already registered is kept once.
     static bool addAlarm(

@@ -11,6 +11,8 @@
 
 namespace
 {
+int writes = 0;
+
 const QByteArray header
     = QByteArrayLiteral("# norvika alarms: when (UTC), channel, message, data\n");
 
@@ -138,6 +140,12 @@ bool AlarmTable::save()
         file.write(formatLine(alarm));
     if (!file.commit())
         return false;
+    ++writes;
     m_changed = false;
     return true;
+}
+
+int AlarmTable::writeCount()
+{
+    return writes;
 }

@@ -58,6 +58,8 @@ public:
 
     // Writes the file when something changed; false when it could not be written.
     bool save();
+    // How many times this process has written a table file.
+    static int writeCount();
 
 private:
     void read();

@@ -42,6 +42,7 @@ AlertDialog::AlertDialog(QWidget *parent)
 // brings them instead of their being lost with the program.
 AlertDialog::~AlertDialog()
 {
+    const AlarmServer::Batch batch;
     for (const QString &message : std::as_const(pending))
         AlarmServer::addAlarm(
             QDateTime::currentDateTime(), DataManager::alarmChannel, message.toLatin1(), 0);
@@ -234,6 +235,7 @@ void AlertDialog::snooze()
     auto *old = new DataRecord(*record);
     record->reminder()->dateTime
         = snoozeMoment(QDateTime::currentDateTime(), snoozebox->currentIndex());
+    const AlarmServer::Batch batch;
     record->save(old);
     lv->removeTask(record);
     closeWhenEmpty();
@@ -244,22 +246,32 @@ void AlertDialog::dismiss()
     DataRecord *record = currentRecord();
     if (!record)
         return;
+    lv->removeTask(record);
+    const AlarmServer::Batch batch;
     dismissRecord(record);
     closeWhenEmpty();
 }
 
+// The rows go at once and the alarms of all in one write of the alarm table; the card
+// counts the changes and saves once, from the event loop.
 void AlertDialog::dismissAll()
 {
-    while (lv->itemCount() > 0)
-        dismissRecord(
-            static_cast<DataRecord *>(static_cast<RecordItem *>(lv->itemAtRow(0))->record()));
+    QList<DataRecord *> records;
+    records.reserve(lv->itemCount());
+    for (int row = 0; row < lv->itemCount(); ++row)
+        records << static_cast<DataRecord *>(static_cast<RecordItem *>(lv->itemAtRow(row))->record());
+    lv->clear();
+    {
+        const AlarmServer::Batch batch;
+        for (DataRecord *record : std::as_const(records))
+            dismissRecord(record);
+    }
     accept();
 }
 
 // Saving the copy without a reminder deletes the record's alarm.
 void AlertDialog::dismissRecord(DataRecord *record)
 {
-    lv->removeTask(record);
     auto *old = new DataRecord(*record);
     record->setReminder(nullptr);
     record->save(old);

@@ -1,6 +1,7 @@
 #include "alertwindow.h"
 
 #include "lib/qt/mrllistviewitem.h"
+#include "platform/alarmserver.h"
 #include "platform/alarmtable.h"
 
 #include <QDialogButtonBox>
@@ -214,23 +215,38 @@ void TestAlertDialog::manyAtOnce_data()
 {
     QTest::addColumn<int>("alarms");
     QTest::addColumn<bool>("cardOpen");
+    QTest::addColumn<bool>("dismissAll");
     QTest::addColumn<int>("plays");
-    QTest::newRow("one") << 1 << true << 1;
-    QTest::newRow("two sound") << 2 << true << 2;
-    QTest::newRow("the third only adds its row") << 3 << true << 2;
-    QTest::newRow("a thousand after a long absence") << 1000 << true << 2;
-    QTest::newRow("a thousand of a card not open") << 1000 << false << 2;
+    QTest::newRow("one") << 1 << true << false << 1;
+    QTest::newRow("two sound") << 2 << true << false << 2;
+    QTest::newRow("the third only adds its row") << 3 << true << false << 2;
+    QTest::newRow("a thousand after a long absence") << 1000 << true << false << 2;
+    QTest::newRow("a thousand of a card not open") << 1000 << false << false << 2;
+    QTest::newRow("one dismissed") << 1 << true << true << 1;
+    QTest::newRow("a thousand dismissed") << 1000 << true << true << 2;
+    QTest::newRow("a thousand of a card not open dismissed") << 1000 << false << true << 2;
 }
 
 // Alarms that fell due together arrive queued, as the alarm service sends them: each adds
 // its row while the alert is up, the window keeps running, and the sounds stay capped.
+// Dismissed all at once, their alarms go in one write of the table and the card keeps
+// none of their reminders.
 void TestAlertDialog::manyAtOnce()
 {
     QFETCH(int, alarms);
     QFETCH(bool, cardOpen);
+    QFETCH(bool, dismissAll);
     Window w(alarms);
     AlertDialog &dialog = w.dialog;
     w.cardOpen = cardOpen;
+    {
+        const AlarmServer::Batch batch;
+        for (int i = 0; i < alarms; ++i) {
+            const auto *record = static_cast<DataRecord *>(w.open->view().at(3 + i));
+            AlarmServer::addAlarm(record->reminder()->dateTime, DataManager::alarmChannel,
+                DataManager::alarmMessage(record));
+        }
+    }
     QVERIFY(w.open->save());
     for (int i = 0; i < alarms; ++i)
         QMetaObject::invokeMethod(
@@ -245,6 +261,7 @@ void TestAlertDialog::manyAtOnce()
     sinceTick.start();
     int rowsAtAlert = -1;
     qint64 gapWhileArriving = -1;
+    int tableWrites = -1;
     Answers answers(
         dialog,
         [&](Alert *alert) {
@@ -254,15 +271,33 @@ void TestAlertDialog::manyAtOnce()
             QTEST(alert->repeatTimerCount(), "plays");
             pressButton(alert, QStringLiteral("Ok"));
         },
-        [&](AlertDialog *list) { QTest::keyClick(list, Qt::Key_Escape); });
+        [&](AlertDialog *list) {
+            if (tableWrites >= 0)
+                return;
+            const int writesBefore = AlarmTable::writeCount();
+            if (dismissAll)
+                pressButton(list, QStringLiteral("Dismiss All"));
+            else
+                QTest::keyClick(list, Qt::Key_Escape);
+            tableWrites = AlarmTable::writeCount() - writesBefore;
+        });
     QTest::qWait(0);
     QCOMPARE(rowsAtAlert, alarms);
     QTEST(w.plays, "plays");
     // The card loaded for the list goes once it closes.
     QCOMPARE(w.freed, cardOpen ? 0 : 1);
-    // The card loaded for the list goes once it closes.
-    QCOMPARE(w.freed, cardOpen ? 0 : 1);
     QVERIFY2(gapWhileArriving < 1000, qPrintable(QString::number(gapWhileArriving)));
+    QCOMPARE(tableWrites, dismissAll ? 1 : 0);
+    // The two reminders of the open card and the one of the other card stay.
+    QCOMPARE(int(AlarmTable().alarms().size()), 3 + (dismissAll ? 0 : alarms));
+    if (cardOpen)
+        QVERIFY(w.open->save());
+    DataManager saved(w.open->fullPath());
+    QVERIFY(saved.load());
+    int reminders = 0;
+    for (PIMRecord *record : saved.view())
+        reminders += static_cast<DataRecord *>(record)->hasReminder();
+    QCOMPARE(reminders, 2 + (dismissAll ? 0 : alarms));
 }
 
 void TestAlertDialog::pendingKeptAtQuit()
