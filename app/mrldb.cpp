@@ -869,10 +869,7 @@ void MRLDB::openCard(const QString &path)
         return;
     }
     auto *card = new DataManager(entry->path());
-    QElapsedTimer timer;
-    timer.start();
     card->load();
-    qDebug("%d", int(timer.elapsed()));
     showCard(card, entry->title());
     setCardSetting(entry->path());
 }

@@ -12,7 +12,6 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QPushButton>
-#include <QTimer>
 #include <QVBoxLayout>
 
 namespace
@@ -48,6 +47,9 @@ ReminderEditor::ReminderEditor(bool withTime, QWidget *parent)
     connect(m_sound, &QCheckBox::toggled, this, &ReminderEditor::typeChanged);
     connect(m_ledBox, &QCheckBox::toggled, this, &ReminderEditor::typeChanged);
     connect(m_test, &QPushButton::clicked, this, &ReminderEditor::test);
+    m_testEnd.setSingleShot(true);
+    m_testEnd.setInterval(testMilliseconds);
+    connect(&m_testEnd, &QTimer::timeout, this, &ReminderEditor::endTest);
     setReminder(nullptr);
 }
 
@@ -140,14 +142,24 @@ void ReminderEditor::typeChanged()
 void ReminderEditor::test()
 {
     m_test->setEnabled(false);
-    const bool led = m_ledBox->isChecked();
-    if (led)
+    m_testLedOn = m_ledBox->isChecked();
+    if (m_testLedOn)
         m_setLed(true, m_led->currentIndex());
     if (m_sound->isChecked())
         m_playAlarm();
-    QTimer::singleShot(testMilliseconds, this, [this, led] {
-        if (led)
-            m_setLed(false, -1);
-        m_test->setEnabled(true);
-    });
+    m_testEnd.start();
+}
+
+void ReminderEditor::endTest()
+{
+    if (m_testLedOn)
+        m_setLed(false, -1);
+    m_testLedOn = false;
+    m_test->setEnabled(true);
+}
+
+ReminderEditor::~ReminderEditor()
+{
+    if (m_testLedOn)
+        m_setLed(false, -1);
 }

@@ -1,6 +1,7 @@
 #ifndef REMINDEREDITOR_H
 #define REMINDEREDITOR_H
 
+#include <QTimer>
 #include <QWidget>
 
 #include <functional>
@@ -24,6 +25,8 @@ public:
 
     // withTime shows the time of the moment beside its date.
     explicit ReminderEditor(bool withTime = true, QWidget *parent = nullptr);
+    // Closed during a test, the editor switches the LED off itself.
+    ~ReminderEditor() override;
 
     // Null switches the reminder off.
     void setReminder(const Reminder *reminder);
@@ -45,6 +48,7 @@ public Q_SLOTS:
 
 private:
     void buildNotification(QGroupBox *alert);
+    void endTest();
 
     QCheckBox *m_alarm;
     MLDateTimeEdit *m_dt;
@@ -55,6 +59,8 @@ private:
     QPushButton *m_test = nullptr;
     std::function<void()> m_playAlarm;
     std::function<void(bool, int)> m_setLed;
+    QTimer m_testEnd;
+    bool m_testLedOn = false;
 };
 
 #endif

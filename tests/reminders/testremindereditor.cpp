@@ -57,27 +57,35 @@ void TestReminderEditor::testButton_data()
     QTest::addColumn<bool>("sound");
     QTest::addColumn<bool>("led");
     QTest::addColumn<int>("pattern");
+    QTest::addColumn<bool>("closeEarly");
     QTest::addColumn<QStringList>("calls");
     QTest::newRow("sound and LED")
-        << true << true << 2 << QStringList { "led on 2", "play", "led off -1" };
-    QTest::newRow("sound alone") << true << false << 4 << QStringList { "play" };
-    QTest::newRow("LED alone") << false << true << 7 << QStringList { "led on 7", "led off -1" };
-    QTest::newRow("neither: no test") << false << false << 4 << QStringList();
+        << true << true << 2 << false << QStringList { "led on 2", "play", "led off -1" };
+    QTest::newRow("sound alone") << true << false << 4 << false << QStringList { "play" };
+    QTest::newRow("LED alone")
+        << false << true << 7 << false << QStringList { "led on 7", "led off -1" };
+    QTest::newRow("neither: no test") << false << false << 4 << false << QStringList();
+    QTest::newRow("closed during the test")
+        << true << true << 3 << true << QStringList { "led on 3", "play", "led off -1" };
+    QTest::newRow("closed during a test without LED")
+        << true << false << 3 << true << QStringList { "play" };
 }
 
-// The test plays without holding up the window and gives the button back afterwards.
+// The test plays without holding up the window and gives the button back afterwards; an
+// editor closed before the end leaves no LED on.
 void TestReminderEditor::testButton()
 {
     QFETCH(bool, sound);
     QFETCH(bool, led);
     QFETCH(int, pattern);
+    QFETCH(bool, closeEarly);
     QFETCH(QStringList, calls);
     TestHome home;
-    ReminderEditor editor;
-    auto *button = child<QPushButton>(editor, "btnTest");
+    auto editor = std::make_unique<ReminderEditor>();
+    auto *button = child<QPushButton>(*editor, "btnTest");
     QStringList made;
     bool enabledWhilePlaying = true;
-    editor.setAlarmOutput(
+    editor->setAlarmOutput(
         [&] {
             made << "play";
             enabledWhilePlaying = button->isEnabled();
@@ -85,18 +93,23 @@ void TestReminderEditor::testButton()
         [&](bool on, int type) {
             made << QStringLiteral("led %1 %2").arg(on ? "on" : "off").arg(type);
         });
-    child<QCheckBox>(editor, "alarm")->click();
-    child<QCheckBox>(editor, "sound")->setChecked(sound);
-    child<QCheckBox>(editor, "ledbox")->setChecked(led);
-    child<QComboBox>(editor, "led")->setCurrentIndex(pattern);
+    child<QCheckBox>(*editor, "alarm")->click();
+    child<QCheckBox>(*editor, "sound")->setChecked(sound);
+    child<QCheckBox>(*editor, "ledbox")->setChecked(led);
+    child<QComboBox>(*editor, "led")->setCurrentIndex(pattern);
     QCOMPARE(button->isEnabled(), !calls.isEmpty());
     QElapsedTimer clock;
     clock.start();
     QTest::mouseClick(button, Qt::LeftButton);
     QVERIFY(clock.elapsed() < ReminderEditor::testMilliseconds / 2);
-    QTRY_COMPARE(button->isEnabled(), !calls.isEmpty());
-    QCOMPARE(made, calls);
     QVERIFY(!sound || !enabledWhilePlaying);
+    if (closeEarly) {
+        editor.reset();
+        QTest::qWait(ReminderEditor::testMilliseconds + 100);
+    } else {
+        QTRY_COMPARE(button->isEnabled(), !calls.isEmpty());
+    }
+    QCOMPARE(made, calls);
 }
 
 QTEST_MAIN(TestReminderEditor)
