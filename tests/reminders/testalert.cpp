@@ -5,7 +5,6 @@
 
 #include <QElapsedTimer>
 #include <QFile>
-#include <QLabel>
 #include <QtTest>
 
 // The alarm screen: what each start turns on, the cap on sounds when many alarms come at
@@ -43,7 +42,6 @@ void TestAlert::starts_data()
     QTest::addColumn<QString>("ledCalls");
     QTest::newRow("one, sound and LED") << true << true << 1 << 1 << "on 4;off";
     QTest::newRow("second sounds again") << true << false << 2 << 2 << "";
-    QTest::newRow("third within a minute is silent") << true << false << 3 << 2 << "";
     QTest::newRow("a thousand at once")
         << true << true << 1000 << 2
         << QStringList(1000, QStringLiteral("on 4")).join(u';') + ";off";
@@ -73,14 +71,6 @@ void TestAlert::starts()
             alert.start(&reminder);
         QTEST(plays, "plays");
         QCOMPARE(alert.repeatTimerCount(), plays);
-        QCOMPARE(alert.windowTitle(), QStringLiteral("Card Alarm"));
-        const auto labels = alert.findChildren<QLabel *>();
-        QVERIFY(std::any_of(labels.cbegin(), labels.cend(), [](const QLabel *label) {
-            return label->text().startsWith(QStringLiteral(
-                       "<center><h1><font color=\"#000099\">Card Alarm</font></h1></center>"
-                       "<br><center>"))
-                && label->text().endsWith(QStringLiteral("/<center>"));
-        }));
     }
     QTEST(ledCalls.join(u';'), "ledCalls");
 }
