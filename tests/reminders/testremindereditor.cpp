@@ -103,12 +103,10 @@ void TestReminderEditor::testButton()
     QTest::mouseClick(button, Qt::LeftButton);
     QVERIFY(clock.elapsed() < ReminderEditor::testMilliseconds / 2);
     QVERIFY(!sound || !enabledWhilePlaying);
-    if (closeEarly) {
+    if (closeEarly)
         editor.reset();
-        QTest::qWait(ReminderEditor::testMilliseconds + 100);
-    } else {
+    else
         QTRY_COMPARE(button->isEnabled(), !calls.isEmpty());
-    }
     QCOMPARE(made, calls);
 }
 
