@@ -58,8 +58,7 @@ bool CsvLineParser::append(QStringList &values, bool open, QString text) const
     return true;
 }
 
-CsvLineParser::Result CsvLineParser::parse(
-    QStringView line, QStringList &values, bool &open) const
+CsvLineParser::Result CsvLineParser::parse(QStringView line, QStringList &values, bool &open) const
 {
     qsizetype pos = 0;
     while (pos < line.size()) {

@@ -122,7 +122,8 @@ void TestCsvReading::rows_data()
         << QByteArray("ab\r").repeated(30000) << QByteArray("UTF-8")
         << QStringList(30000, QStringLiteral("ab")) << end << 0;
     QTest::newRow("line feeds then a return across a read")
-        << QByteArray("a\n").repeated(32767) + "b\r\nc\rd\n" << QByteArray("UTF-8")
+        << QByteArray("a\n").repeated(32767) + "b\r\nc\rd\n"
+        << QByteArray("UTF-8")
         << QStringList(32767, QStringLiteral("a")) + QStringList { "b", "c", "d" } << end << 0;
     QTest::newRow("no line end at the end")
         << QByteArray("a\nb") << QByteArray("UTF-8") << QStringList { "a", "b" } << end << 0;
