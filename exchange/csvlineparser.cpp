@@ -31,7 +31,7 @@ CsvLineParser::CsvLineParser(
 }
 
 // Only a qualifier of exactly one character can open a quoted value.
-bool CsvLineParser::startsQuoted(const QString &line, qsizetype pos) const
+bool CsvLineParser::startsQuoted(QStringView line, qsizetype pos) const
 {
     return m_qualifier.size() == 1 && line.at(pos) == m_qualifier.at(0);
 }
@@ -46,7 +46,7 @@ QString CsvLineParser::undoubled(QString text) const
     return text;
 }
 
-bool CsvLineParser::append(QStringList &values, bool open, const QString &text) const
+bool CsvLineParser::append(QStringList &values, bool open, QString text) const
 {
     if (open && !values.isEmpty()) {
         values.last() += text;
@@ -54,19 +54,19 @@ bool CsvLineParser::append(QStringList &values, bool open, const QString &text) 
     }
     if (values.size() >= m_maxValues)
         return false;
-    values.append(text);
+    values.append(std::move(text));
     return true;
 }
 
-CsvLineParser::Result CsvLineParser::parse(
-    const QString &line, QStringList &values, bool &open) const
+CsvLineParser::Result CsvLineParser::parse(QStringView line, QStringList &values, bool &open) const
 {
     qsizetype pos = 0;
     while (pos < line.size()) {
         if (!open && !startsQuoted(line, pos)) {
             const qsizetype found = m_delimiter.size() == 1 ? line.indexOf(m_delimiter.front(), pos)
                                                             : line.indexOf(m_delimiter, pos);
-            if (!append(values, false, found < 0 ? line.mid(pos) : line.mid(pos, found - pos)))
+            const QStringView value = found < 0 ? line.sliced(pos) : line.sliced(pos, found - pos);
+            if (!append(values, false, value.toString()))
                 return TooManyValues;
             if (found < 0)
                 return Success;
@@ -82,7 +82,7 @@ CsvLineParser::Result CsvLineParser::parse(
 
 // One quoted value, or the continuation of an open one; pos ends behind it.
 CsvLineParser::Result CsvLineParser::parseQuoted(
-    const QString &line, qsizetype &pos, QStringList &values, bool &open) const
+    QStringView line, qsizetype &pos, QStringList &values, bool &open) const
 {
     if (!open)
         ++pos;
@@ -96,11 +96,11 @@ CsvLineParser::Result CsvLineParser::parseQuoted(
         // Only a qualifier of one character opens a quoted value.
         const qsizetype k = line.indexOf(m_qualifier.front(), pos);
         if (k < 0) {
-            QString text = line.mid(start);
+            QString text = line.sliced(start).toString();
             if (doubled)
                 text = undoubled(text);
             text += QLatin1Char('\n');
-            if (!append(values, open, text))
+            if (!append(values, open, std::move(text)))
                 return TooManyValues;
             open = true;
             return Success;
@@ -110,13 +110,13 @@ CsvLineParser::Result CsvLineParser::parseQuoted(
             pos = k + 2;
             continue;
         }
-        QString text = line.mid(start, k - start);
+        QString text = line.sliced(start, k - start).toString();
         if (doubled)
             text = undoubled(text);
         pos = k + 1;
-        if (QStringView(line).mid(pos, m_delimiter.size()) == m_delimiter)
+        if (line.mid(pos, m_delimiter.size()) == m_delimiter)
             ++pos;
-        if (!append(values, open, text))
+        if (!append(values, open, std::move(text)))
             return TooManyValues;
         open = false;
         return Success;

@@ -22,13 +22,13 @@ public:
 
     CsvLineParser(const QString &delimiter, const QString &qualifier, qsizetype maxValues);
 
-    Result parse(const QString &line, QStringList &values, bool &open) const;
+    Result parse(QStringView line, QStringList &values, bool &open) const;
 
 private:
-    bool startsQuoted(const QString &line, qsizetype pos) const;
-    Result parseQuoted(const QString &line, qsizetype &pos, QStringList &values, bool &open) const;
+    bool startsQuoted(QStringView line, qsizetype pos) const;
+    Result parseQuoted(QStringView line, qsizetype &pos, QStringList &values, bool &open) const;
     QString undoubled(QString text) const;
-    bool append(QStringList &values, bool open, const QString &text) const;
+    bool append(QStringList &values, bool open, QString text) const;
 
     QString m_delimiter;
     QString m_qualifier;

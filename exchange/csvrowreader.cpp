@@ -19,7 +19,7 @@ int CsvRowReader::lineNumber() const
 
 bool CsvRowReader::skipLines(int count)
 {
-    QString line;
+    QStringView line;
     for (int i = 0; i < count; ++i) {
         if (!m_lines.readLine(&line))
             return false;
@@ -40,7 +40,7 @@ CsvRowReader::Status CsvRowReader::next(QStringList *row)
 {
     row->clear();
     bool open = false;
-    QString line;
+    QStringView line;
     for (;;) {
         if (m_hook && !m_hook())
             return Stopped;

@@ -24,6 +24,8 @@ bool TextLineReader::rewind()
     m_buffer.clear();
     m_pos = 0;
     m_scan = 0;
+    m_nextLineFeed = -1;
+    m_nextReturn = -1;
     m_skipLineFeed = false;
     m_atEnd = false;
     m_lineNumber = 0;
@@ -53,32 +55,45 @@ bool TextLineReader::fill()
     m_buffer.remove(0, m_pos);
     m_scan -= m_pos;
     m_pos = 0;
+    m_nextLineFeed = -1;
+    m_nextReturn = -1;
     m_buffer += m_decoder->toUnicode(bytes);
     return true;
 }
 
+// Where c occurs next at or after from, the buffer's size if nowhere. A position found
+// before stays good until the scan passes it, so a file ending its lines with only one
+// of the two characters does not have the buffer searched for the other on every line.
+qsizetype TextLineReader::nextOf(QChar c, qsizetype &cached, qsizetype from) const
+{
+    if (cached < from) {
+        const qsizetype found = QStringView(m_buffer).indexOf(c, from);
+        cached = found < 0 ? m_buffer.size() : found;
+    }
+    return cached;
+}
+
 // Looks for the end of a line in what is buffered. The scan goes on where the last one
 // stopped, so a long line is not searched again after every refill.
-bool TextLineReader::takeLine(QString *line)
+bool TextLineReader::takeLine(QStringView *line)
 {
     if (m_skipLineFeed && m_pos < m_buffer.size()) {
         if (m_buffer.at(m_pos) == QLatin1Char('\n'))
             ++m_pos;
         m_skipLineFeed = false;
     }
-    const QChar *data = m_buffer.constData();
-    for (qsizetype i = qMax(m_pos, m_scan); i < m_buffer.size(); ++i) {
-        const QChar c = data[i];
-        if (c != QLatin1Char('\n') && c != QLatin1Char('\r'))
-            continue;
-        *line = m_buffer.mid(m_pos, i - m_pos);
-        m_pos = i + 1;
-        m_scan = m_pos;
-        m_skipLineFeed = c == QLatin1Char('\r');
-        return true;
+    const qsizetype from = qMax(m_pos, m_scan);
+    const qsizetype end = qMin(nextOf(QLatin1Char('\n'), m_nextLineFeed, from),
+        nextOf(QLatin1Char('\r'), m_nextReturn, from));
+    if (end >= m_buffer.size()) {
+        m_scan = m_buffer.size();
+        return false;
     }
-    m_scan = m_buffer.size();
-    return false;
+    *line = QStringView(m_buffer).sliced(m_pos, end - m_pos);
+    m_skipLineFeed = m_buffer.at(end) == QLatin1Char('\r');
+    m_pos = end + 1;
+    m_scan = m_pos;
+    return true;
 }
 
 bool TextLineReader::tooLong()
@@ -90,6 +105,15 @@ bool TextLineReader::tooLong()
 
 bool TextLineReader::readLine(QString *line)
 {
+    QStringView view;
+    if (!readLine(&view))
+        return false;
+    *line = view.toString();
+    return true;
+}
+
+bool TextLineReader::readLine(QStringView *line)
+{
     if (hasError())
         return false;
     for (;;) {
@@ -100,7 +124,7 @@ bool TextLineReader::readLine(QString *line)
         if (!fill()) {
             if (m_pos >= m_buffer.size())
                 return false;
-            *line = m_buffer.mid(m_pos);
+            *line = QStringView(m_buffer).sliced(m_pos);
             m_pos = m_buffer.size();
             break;
         }

@@ -26,6 +26,8 @@ public:
     bool rewind();
     // The next line without its end. False at the end of the text or on an error.
     bool readLine(QString *line);
+    // The same without a copy: the view stays valid until the next call.
+    bool readLine(QStringView *line);
     bool hasError() const { return !m_error.isEmpty(); }
     QString errorString() const { return m_error; }
     // Lines handed out since the last rewind.
@@ -36,7 +38,8 @@ public:
 
 private:
     bool fill();
-    bool takeLine(QString *line);
+    bool takeLine(QStringView *line);
+    qsizetype nextOf(QChar c, qsizetype &cached, qsizetype from) const;
     bool tooLong();
 
     QIODevice *m_device;
@@ -45,6 +48,10 @@ private:
     QString m_buffer;
     qsizetype m_pos = 0; // start of the next line in m_buffer
     qsizetype m_scan = 0; // where the search for its end goes on
+    // The next "\n" and "\r" found at or after the scan, the buffer's size if none is
+    // buffered, -1 if not searched yet: each character is looked at once per kind.
+    qsizetype m_nextLineFeed = -1;
+    qsizetype m_nextReturn = -1;
     bool m_skipLineFeed = false; // the last line ended with "\r": a "\n" next belongs to it
     bool m_atEnd = false;
     int m_lineNumber = 0;

@@ -372,22 +372,15 @@ void TestCsvExchange::roundTrip_data()
     QTest::addColumn<QString>("importFormat");
     QTest::addColumn<QString>("expected");
 
+    // Plain numbers, dates and lists are covered by the conversion and export tables.
     QTest::newRow("string") << int(F::String) << "a, b" << int(F::String) << ""
                             << "a, b";
-    QTest::newRow("list") << int(F::List) << "Red" << int(F::List) << ""
-                          << "Red";
     QTest::newRow("text over lines") << int(F::Text) << "a\nb" << int(F::Text) << "\n"
                                      << "a\nb";
     QTest::newRow("memo") << int(F::Memo) << "m\n\"n\"" << int(F::Memo) << "\n"
                           << "m\n,n,";
-    QTest::newRow("integer") << int(F::Integer) << "-42" << int(F::Integer) << ""
-                             << "-42";
-    QTest::newRow("count") << int(F::Count) << "7" << int(F::Count) << ""
-                           << "7";
     QTest::newRow("bool") << int(F::Bool) << "1" << int(F::Bool) << "1/0"
                           << "1";
-    QTest::newRow("date") << int(F::Date) << "2005-04-03" << int(F::Date) << "YYYY-MM-DD"
-                          << "2005-04-03";
     QTest::newRow("time") << int(F::Time) << "13:05:09" << int(F::Time) << "hh:mm:ss"
                           << "13:05:09";
     QTest::newRow("date-time") << int(F::DateTime) << "2004-03-07T18:05:09" << int(F::DateTime)

@@ -117,6 +117,14 @@ void TestCsvReading::rows_data()
     QTest::newRow("mixed line ends")
         << QByteArray("a,b\r\nc\rd\n\"e\r\nf\"\n") << QByteArray("UTF-8")
         << QStringList { "a|b", "c", "d", "e\nf" } << end << 0;
+    // The reader reads 64 KiB at a time: line ends found before must not outlive a refill.
+    QTest::newRow("only carriage returns over several reads")
+        << QByteArray("ab\r").repeated(30000) << QByteArray("UTF-8")
+        << QStringList(30000, QStringLiteral("ab")) << end << 0;
+    QTest::newRow("line feeds then a return across a read")
+        << QByteArray("a\n").repeated(32767) + "b\r\nc\rd\n"
+        << QByteArray("UTF-8")
+        << QStringList(32767, QStringLiteral("a")) + QStringList { "b", "c", "d" } << end << 0;
     QTest::newRow("no line end at the end")
         << QByteArray("a\nb") << QByteArray("UTF-8") << QStringList { "a", "b" } << end << 0;
     QTest::newRow("empty file") << QByteArray() << QByteArray("UTF-8") << QStringList() << end << 0;

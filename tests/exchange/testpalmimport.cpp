@@ -38,10 +38,8 @@ private Q_SLOTS:
     void jfileImportValue();
     void jfileKeys_data();
     void jfileKeys();
-    void jfileDates_data();
-    void jfileDates();
-    void jfileTimes_data();
-    void jfileTimes();
+    void jfileDatesAndTimes_data();
+    void jfileDatesAndTimes();
     void recordSizes();
 };
 
@@ -353,48 +351,46 @@ void TestPalmImport::jfileKeys()
     QTEST(reader.fields().at(field).defaultValue, "defaultValue");
 }
 
-void TestPalmImport::jfileDates_data()
+// A row with a date format reads a date; one without reads a time.
+void TestPalmImport::jfileDatesAndTimes_data()
 {
     QTest::addColumn<QString>("format");
     QTest::addColumn<int>("option");
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<QDate>("date");
-    QTest::newRow("3 Feb") << "M/D/Y" << 1 << QByteArray("3 Feb") << QDate(1974, 2, 3);
-    QTest::newRow("month names are exact") << "M/D/Y" << 1 << QByteArray("3 feb") << QDate();
-    QTest::newRow("D.M.Y") << "D.M.Y" << 0 << QByteArray("24.12.2003") << QDate(2003, 12, 24);
-    QTest::newRow("Y-M-D") << "Y-M-D" << 0 << QByteArray("2003-12-24") << QDate(2003, 12, 24);
-    QTest::newRow("two-digit year kept") << "M/D/Y" << 0 << QByteArray("1/2/03") << QDate(3, 1, 2);
+    QTest::addColumn<QTime>("time");
+    QTest::newRow("3 Feb") << "M/D/Y" << 1 << QByteArray("3 Feb") << QDate(1974, 2, 3) << QTime();
+    QTest::newRow("month names are exact")
+        << "M/D/Y" << 1 << QByteArray("3 feb") << QDate() << QTime();
+    QTest::newRow("D.M.Y") << "D.M.Y" << 0 << QByteArray("24.12.2003") << QDate(2003, 12, 24)
+                           << QTime();
+    QTest::newRow("Y-M-D") << "Y-M-D" << 0 << QByteArray("2003-12-24") << QDate(2003, 12, 24)
+                           << QTime();
+    QTest::newRow("two-digit year kept")
+        << "M/D/Y" << 0 << QByteArray("1/2/03") << QDate(3, 1, 2) << QTime();
     QTest::newRow("missing parts from 1974-07-03")
-        << "D/M/Y" << 0 << QByteArray("9") << QDate(1974, 7, 9);
-    QTest::newRow("empty") << "M/D/Y" << 0 << QByteArray() << QDate();
+        << "D/M/Y" << 0 << QByteArray("9") << QDate(1974, 7, 9) << QTime();
+    QTest::newRow("empty date") << "M/D/Y" << 0 << QByteArray() << QDate() << QTime();
+    QTest::newRow("h:m") << "" << 0 << QByteArray("9:30") << QDate() << QTime(9, 30);
+    QTest::newRow("h.m.s") << "" << 0 << QByteArray("9.30.15") << QDate() << QTime(9, 30, 15);
+    QTest::newRow("hours alone") << "" << 0 << QByteArray("7") << QDate() << QTime(7, 0);
+    QTest::newRow("out of range") << "" << 0 << QByteArray("25:00") << QDate() << QTime();
+    QTest::newRow("empty time") << "" << 0 << QByteArray() << QDate() << QTime();
 }
 
-void TestPalmImport::jfileDates()
+void TestPalmImport::jfileDatesAndTimes()
 {
     QFETCH(QString, format);
     QFETCH(int, option);
     QFETCH(QByteArray, text);
+    if (format.isEmpty()) {
+        QTEST(JFileImporter::time(text), "time");
+        return;
+    }
     DBManager list(false);
     CardImportTarget target(&list, nullptr);
     JFileImporter importer(&target, format, JFileImporter::ImportFormula);
     QTEST(importer.date(text, option), "date");
-}
-
-void TestPalmImport::jfileTimes_data()
-{
-    QTest::addColumn<QByteArray>("text");
-    QTest::addColumn<QTime>("time");
-    QTest::newRow("h:m") << QByteArray("9:30") << QTime(9, 30);
-    QTest::newRow("h.m.s") << QByteArray("9.30.15") << QTime(9, 30, 15);
-    QTest::newRow("hours alone") << QByteArray("7") << QTime(7, 0);
-    QTest::newRow("out of range") << QByteArray("25:00") << QTime();
-    QTest::newRow("empty") << QByteArray() << QTime();
-}
-
-void TestPalmImport::jfileTimes()
-{
-    QFETCH(QByteArray, text);
-    QTEST(JFileImporter::time(text), "time");
 }
 
 namespace
