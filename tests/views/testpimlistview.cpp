@@ -5,6 +5,7 @@
 #include "store/pimrecord.h"
 #include "views/pimlistview.h"
 #include "views/recorditem.h"
+#include "lib/qt/mrllistviewitem.h"
 
 #include <QAbstractItemModelTester>
 #include <QApplication>
@@ -89,6 +90,8 @@ private Q_SLOTS:
     void managerGoneClearsList();
     void tapActivatesTouchedCell();
     void pressAndHoldPopsUpOnce();
+    void rowHeightIgnoresColumns_data();
+    void rowHeightIgnoresColumns();
 
 private:
     struct Bound {
@@ -319,3 +322,41 @@ void TestPIMListView::pressAndHoldPopsUpOnce()
 
 QTEST_MAIN(TestPIMListView)
 #include "testpimlistview.moc"
+
+// The rows of a list keep one height whichever columns show: a list of text only is as
+// high as one with a tall icon in its first row.
+void TestPIMListView::rowHeightIgnoresColumns_data()
+{
+    QTest::addColumn<int>("iconColumn");   // -1 for none
+    QTest::addColumn<int>("columns");
+    QTest::newRow("text only") << -1 << 2;
+    QTest::newRow("icon in the first column") << 0 << 2;
+    QTest::newRow("icon in the last column") << 2 << 3;
+    QTest::newRow("one column of text") << -1 << 1;
+}
+
+void TestPIMListView::rowHeightIgnoresColumns()
+{
+    QFETCH(int, iconColumn);
+    QFETCH(int, columns);
+    constexpr int iconHeight = 40;
+    const auto rowHeight = [&](int icon, int count) {
+        MRLListView list;
+        list.setRowIconHeight(iconHeight);
+        for (int column = 0; column < count; ++column)
+            list.addColumn(QString::number(column), 60);
+        auto *item = new MRLListViewItem(&list);
+        for (int column = 0; column < count; ++column)
+            item->setText(column, QStringLiteral("text"));
+        if (icon >= 0) {
+            QPixmap pixmap(iconHeight, iconHeight);
+            pixmap.fill(Qt::red);
+            item->setPixmap(icon, pixmap);
+        }
+        list.show();
+        return list.visualItemRect(item).height();
+    };
+    const int height = rowHeight(iconColumn, columns);
+    QCOMPARE(height, rowHeight(0, 1));
+    QVERIFY(height >= iconHeight);
+}
