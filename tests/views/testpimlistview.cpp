@@ -1,11 +1,11 @@
 #include "keyedmanager.h"
 #include "support/testhome.h"
 
+#include "lib/qt/mrllistviewitem.h"
 #include "platform/config.h"
 #include "store/pimrecord.h"
 #include "views/pimlistview.h"
 #include "views/recorditem.h"
-#include "lib/qt/mrllistviewitem.h"
 
 #include <QAbstractItemModelTester>
 #include <QApplication>
@@ -330,33 +330,26 @@ void TestPIMListView::rowHeightIgnoresColumns_data()
     QTest::addColumn<int>("iconColumn");   // -1 for none
     QTest::addColumn<int>("columns");
     QTest::newRow("text only") << -1 << 2;
-    QTest::newRow("icon in the first column") << 0 << 2;
     QTest::newRow("icon in the last column") << 2 << 3;
-    QTest::newRow("one column of text") << -1 << 1;
 }
 
 void TestPIMListView::rowHeightIgnoresColumns()
 {
     QFETCH(int, iconColumn);
     QFETCH(int, columns);
-    constexpr int iconHeight = 40;
-    const auto rowHeight = [&](int icon, int count) {
+    const auto rowHeight = [](int icon, int count) {
         MRLListView list;
-        list.setRowIconHeight(iconHeight);
-        for (int column = 0; column < count; ++column)
-            list.addColumn(QString::number(column), 60);
+        list.setRowIconHeight(40);
         auto *item = new MRLListViewItem(&list);
-        for (int column = 0; column < count; ++column)
+        for (int column = 0; column < count; ++column) {
+            list.addColumn(QString::number(column), 60);
             item->setText(column, QStringLiteral("text"));
-        if (icon >= 0) {
-            QPixmap pixmap(iconHeight, iconHeight);
-            pixmap.fill(Qt::red);
-            item->setPixmap(icon, pixmap);
         }
+        if (icon >= 0)
+            item->setPixmap(icon, QPixmap(40, 40));
         list.show();
         return list.visualItemRect(item).height();
     };
-    const int height = rowHeight(iconColumn, columns);
-    QCOMPARE(height, rowHeight(0, 1));
-    QVERIFY(height >= iconHeight);
+    QCOMPARE(rowHeight(iconColumn, columns), rowHeight(0, 1));
+    QVERIFY(rowHeight(iconColumn, columns) >= 40);
 }
