@@ -20,7 +20,7 @@ DBDialog::DBDialog(DBManager *manager, const QString &currentPath, QWidget *pare
 {
     setWindowTitle(tr("Select Card"));
     manager->refreshAll();
-    manager->rebuildView(false);
+    manager->rebuildView();
 
     memo->setReadOnly(true);
     const int lines = memo->fontMetrics().lineSpacing() * 4;

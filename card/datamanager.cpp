@@ -143,7 +143,7 @@ void DataManager::setFilters(const QList<FilterDef> &list)
     m_filters = list;
     haveChange();
     m_currentFilter = -1;
-    rebuildView(true);
+    refilterView();
     Q_EMIT updated();
 }
 
@@ -151,7 +151,7 @@ void DataManager::setCurrentFilter(int index)
 {
     m_currentFilter = index;
     haveChange();
-    rebuildView(true);
+    refilterView();
     Q_EMIT updated();
 }
 
@@ -298,6 +298,7 @@ void DataManager::remapFilters(const QList<int> &map)
 
 void DataManager::restructureRecords(const QList<int> &map, const QList<FieldDef> &list)
 {
+    forgetSortedOrder();
     for (PIMRecord *record : records())
         dataRecord(record)->restructure(map, m_fields, list);
 }
@@ -390,6 +391,7 @@ void DataManager::recalculate(DataRecord *record, bool touch)
             previous = dataRecord(records().at(index - 1));
         }
     }
+    forgetSortedOrder();
     FormulaEvaluator evaluator;
     for (bool firstInRun = true;; firstInRun = false) {
         calculate(evaluator, rec, previous, walk && index == 0, order);

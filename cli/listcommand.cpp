@@ -35,7 +35,7 @@ int ListCommand::run(const ArgumentParser &arguments)
     }
     if (!list.save())
         return fail(list.errorString());
-    list.rebuildView(false);
+    list.rebuildView();
     print(list);
     return Success;
 }

@@ -10,6 +10,8 @@
 
 #include <uuid/uuid.h>
 
+#include <vector>
+
 class PIMRecord;
 class QDataStream;
 class QIODevice;
@@ -98,7 +100,8 @@ public:
     void setSort(int column, bool ascending);
     int sortColumn() const { return m_sortColumn; }
     bool sortOrder() const { return m_sortAscending; }
-    void rebuildView(bool force);
+    // Sorts and filters every record anew, for records changed in place.
+    void rebuildView();
 
     // Counts one change towards the automatic save (posted at the eleventh).
     void countChange();
@@ -136,13 +139,25 @@ protected:
     virtual bool sortKeysChanged(PIMRecord *old, PIMRecord *record);
 
     void insertIntoView(PIMRecord *record);
+    // Filters anew from the sorted order kept since the last change, for a change of filter.
+    void refilterView();
     void setFormat(int format) { m_format = format; }
     void setFormatVersion(int version) { m_formatVersion = version; }
     // For subclasses whose header parts find damage of their own while reading.
     void markDamaged() { m_damaged = true; }
     // Direct access for subclasses that restructure their records (schema changes).
-    QList<PIMRecord *> &mutableView() { return m_view; }
-    QList<PIMRecord *> &mutableRecords() { return m_records; }
+    QList<PIMRecord *> &mutableView()
+    {
+        forgetSortedOrder();
+        return m_view;
+    }
+    QList<PIMRecord *> &mutableRecords()
+    {
+        forgetSortedOrder();
+        return m_records;
+    }
+    // For subclasses that change records in place: their sort keys may have changed.
+    void forgetSortedOrder() { m_sortedOrder.clear(); }
 
 private:
     void clearRecords();
@@ -159,6 +174,9 @@ private:
     bool keepDamagedOriginal();
     void resortAfterChange();
     void fillView();
+    void fillViewSorted();
+    void makeSortedOrder();
+    void rememberSortedOrder();
     qsizetype ascendingPosition(const PIMRecord *record) const;
     qsizetype descendingPosition(const PIMRecord *record) const;
 
@@ -168,6 +186,10 @@ private:
     bool m_headerOnly;
     QList<PIMRecord *> m_records;   // owning, in file order
     QList<PIMRecord *> m_view;      // borrowed, in display order
+    // The positions in m_records of every record in the sorted order, filter aside, so that
+    // a new filter only picks from it; empty when unknown. Any change to the records or the
+    // sort forgets it.
+    std::vector<quint32> m_sortedOrder;
     int m_changeCount = 0;
     bool m_changed = false;
     bool m_readOnly = false;

@@ -26,6 +26,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <QWidgetAction>
+#include <QtMath>
 
 #include <limits>
 #include <memory>
@@ -68,6 +69,7 @@ PIMListView::PIMListView(QWidget *parent, const QString &name)
     : MRLListView(parent, name)
 {
     m_icons.append(loadPixmap(QStringLiteral("empty")));
+    fitRowsToIcons();
     buildPageBar();
     buildPagePopup();
     setSortingEnabled(false);
@@ -324,9 +326,18 @@ int PIMListView::columnOf(int field) const
     return int(m_columns.indexOf(field));
 }
 
+void PIMListView::fitRowsToIcons()
+{
+    int height = 0;
+    for (const QPixmap &icon : std::as_const(m_icons))
+        height = qMax(height, qCeil(icon.deviceIndependentSize().height()));
+    setRowIconHeight(height);
+}
+
 int PIMListView::addIcon(const QString &name)
 {
     m_icons.append(loadPixmap(name));
+    fitRowsToIcons();
     return int(m_icons.size()) - 1;
 }
 

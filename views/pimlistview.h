@@ -117,6 +117,8 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    // Rows as high as the tallest icon the list can show needs, whichever columns show.
+    void fitRowsToIcons();
     void buildPageBar();
     void buildPagePopup();
     void setTriangles();

@@ -1,6 +1,7 @@
 #include "lib/qt/mrllistview.h"
 
 #include "lib/qt/mrllistviewitem.h"
+#include "lib/qt/mrlrowdelegate.h"
 #include "platform/config.h"
 
 #include <QApplication>
@@ -16,8 +17,10 @@ const char *const defaultColors[] = { "#336699", "#e5e5e5", "#000000", "#ffffcc"
 
 MRLListView::MRLListView(QWidget *parent, const QString &name)
     : QTreeWidget(parent)
+    , m_rowDelegate(new MRLRowDelegate(this))
 {
     setObjectName(name);
+    setItemDelegate(m_rowDelegate);
     setRootIsDecorated(false);
     setUniformRowHeights(true);
     setSortingEnabled(false);
@@ -80,6 +83,14 @@ void MRLListView::setColumnResizable(int column, bool resizable)
 void MRLListView::setColumnFitted(int column)
 {
     header()->setSectionResizeMode(column, QHeaderView::ResizeToContents);
+}
+
+void MRLListView::setRowIconHeight(int height)
+{
+    if (height == m_rowDelegate->iconHeight())
+        return;
+    m_rowDelegate->setIconHeight(height);
+    doItemsLayout();
 }
 
 void MRLListView::removeAllColumns()

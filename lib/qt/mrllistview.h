@@ -7,6 +7,7 @@
 #include <QTreeWidget>
 
 class MRLListViewItem;
+class MRLRowDelegate;
 
 // The program's list with a header: a flat list of rows in columns that may carry header
 // icons and right alignment. Rows are placed explicitly (at the top or behind a row) and
@@ -49,6 +50,10 @@ public:
     // The header section under an x position of the viewport, or -1.
     int sectionAt(int x) const;
 
+    // Every row is as high as a line of text beside an icon this high, whichever columns
+    // the list shows; a list that shows icons gives the tallest of them.
+    void setRowIconHeight(int height);
+
     // Row colours. Changing the mode to AlternateColors reads the colours anew.
     void setColorMode(int mode);
     int colorMode() const { return m_colorMode; }
@@ -79,6 +84,7 @@ private:
 
     QList<Qt::Alignment> m_alignments;
     QList<QColor> m_rowColors;
+    MRLRowDelegate *m_rowDelegate;
     int m_colorMode = PlainColors;
 };
 

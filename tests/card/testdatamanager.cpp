@@ -32,6 +32,8 @@ private Q_SLOTS:
     void alarmOnAdding_data();
     void alarmOnAdding();
     void alarmFollowsUpdatesAndRemoval();
+    void findKeepsTheSortedOrder_data();
+    void findKeepsTheSortedOrder();
 };
 
 namespace
@@ -565,3 +567,40 @@ void TestDataManager::alarmFollowsUpdatesAndRemoval()
 
 QTEST_GUILESS_MAIN(TestDataManager)
 #include "testdatamanager.moc"
+
+void TestDataManager::findKeepsTheSortedOrder_data()
+{
+    QTest::addColumn<bool>("ascending");
+    QTest::addColumn<QString>("renamed");   // the last record's new name, then found again
+    QTest::addColumn<QList<int>>("found");   // positions in the order added, before and after
+    QTest::newRow("ascending") << true << "" << QList<int> { 1, 0, 2, 4, 1, 0, 2, 4 };
+    QTest::newRow("descending") << false << "" << QList<int> { 4, 0, 2, 1, 4, 0, 2, 1 };
+    QTest::newRow("edit moves") << true << "a0 x" << QList<int> { 1, 0, 2, 4, 1, 4, 0, 2 };
+    QTest::newRow("edit drops") << false << "c" << QList<int> { 4, 0, 2, 1, 0, 2, 1 };
+}
+
+void TestDataManager::findKeepsTheSortedOrder()
+{
+    QFETCH(bool, ascending);
+    QFETCH(QString, renamed);
+    QFETCH(QList<int>, found);
+    TestHome home;
+    auto card = cardWith(home, fieldsOf({ F::String }));
+    for (const char *name : { "b x", "a x", "b x", "a", "c x" }) {
+        auto *record = static_cast<DataRecord *>(card->createRecord());
+        record->setStringValue(0, QString::fromLatin1(name));
+        card->add(record);
+    }
+    card->setSort(0, ascending);
+    QList<int> positions;
+    for (int pass = 0; pass < 2; ++pass) {
+        card->setAdHocFilter(filterOn(QStringLiteral("find"), { 0 }));
+        for (const PIMRecord *record : card->view())
+            positions.append(int(card->records().indexOf(record)));
+        auto *last = static_cast<DataRecord *>(card->records().last());
+        auto *old = new DataRecord(*last);
+        last->setStringValue(0, renamed.isEmpty() ? last->stringValue(0) : renamed);
+        last->save(old);
+    }
+    QCOMPARE(positions, found);
+}

@@ -301,7 +301,7 @@ void TestPIMManager::viewInsertion()
     QCOMPARE(manager.sortOrder(), ascending);
     // A hidden record stays out of the view.
     manager.addKeyed(QStringLiteral("zz"))->setProperty(QStringLiteral("hidden"), "1");
-    manager.rebuildView(true);
+    manager.rebuildView();
     QCOMPARE(manager.viewKeys(), view);
     QCOMPARE(manager.count(), added.size() + 1);
 }

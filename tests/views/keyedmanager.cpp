@@ -18,7 +18,7 @@ void KeyedManager::fill(int n)
     for (int i = 0; i < n; ++i)
         insertLoaded(makeRecord(key(i)));
     setSort(0, true);
-    rebuildView(true);
+    rebuildView();
 }
 
 PIMRecord *KeyedManager::makeRecord(const QString &key) const

@@ -1,6 +1,7 @@
 #include "keyedmanager.h"
 #include "support/testhome.h"
 
+#include "lib/qt/mrllistviewitem.h"
 #include "platform/config.h"
 #include "store/pimrecord.h"
 #include "views/pimlistview.h"
@@ -89,6 +90,8 @@ private Q_SLOTS:
     void managerGoneClearsList();
     void tapActivatesTouchedCell();
     void pressAndHoldPopsUpOnce();
+    void rowHeightIgnoresColumns_data();
+    void rowHeightIgnoresColumns();
 
 private:
     struct Bound {
@@ -319,3 +322,34 @@ void TestPIMListView::pressAndHoldPopsUpOnce()
 
 QTEST_MAIN(TestPIMListView)
 #include "testpimlistview.moc"
+
+// The rows of a list keep one height whichever columns show: a list of text only is as
+// high as one with a tall icon in its first row.
+void TestPIMListView::rowHeightIgnoresColumns_data()
+{
+    QTest::addColumn<int>("iconColumn");   // -1 for none
+    QTest::addColumn<int>("columns");
+    QTest::newRow("text only") << -1 << 2;
+    QTest::newRow("icon in the last column") << 2 << 3;
+}
+
+void TestPIMListView::rowHeightIgnoresColumns()
+{
+    QFETCH(int, iconColumn);
+    QFETCH(int, columns);
+    const auto rowHeight = [](int icon, int count) {
+        MRLListView list;
+        list.setRowIconHeight(40);
+        auto *item = new MRLListViewItem(&list);
+        for (int column = 0; column < count; ++column) {
+            list.addColumn(QString::number(column), 60);
+            item->setText(column, QStringLiteral("text"));
+        }
+        if (icon >= 0)
+            item->setPixmap(icon, QPixmap(40, 40));
+        list.show();
+        return list.visualItemRect(item).height();
+    };
+    QCOMPARE(rowHeight(iconColumn, columns), rowHeight(0, 1));
+    QVERIFY(rowHeight(iconColumn, columns) >= 40);
+}
