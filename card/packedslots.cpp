@@ -98,6 +98,13 @@ void PackedSlots::setSlot(int i, const Slot &value)
     const int n = count();
     if (i < 0 || i >= n)
         return;
+    // A value without text over one without text changes only its own cell.
+    if (value.kind != Text && kind(i) != Text) {
+        unsigned char *own = m_block.get() + sizeof(Header) + std::size_t(i) * cellBytes;
+        own[0] = value.kind;
+        std::memcpy(own + 4, value.bits, sizeof value.bits);
+        return;
+    }
     std::vector<Slot> values(static_cast<std::size_t>(n));
     for (int j = 0; j < n; ++j)
         values[std::size_t(j)] = j == i ? value : slot(j);
