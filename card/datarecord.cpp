@@ -7,11 +7,13 @@
 
 #include <QDataStream>
 
+#include <vector>
+
 DataRecord::DataRecord(DataManager *manager)
     : PIMRecord(manager)
 {
     if (manager)
-        m_values.resize(manager->fieldCount());
+        m_values = PackedSlots(manager->fieldCount());
 }
 
 DataRecord::DataRecord(DataManager *manager, BlankTag)
@@ -33,90 +35,72 @@ DataRecord::~DataRecord() = default;
 
 bool DataRecord::isSet(int i) const
 {
-    return i >= 0 && i < slotCount() && !std::holds_alternative<std::monostate>(m_values.at(i));
+    return m_values.kind(i) != PackedSlots::Unset;
 }
 
 void DataRecord::clearValue(int i)
 {
-    setSlot(i, std::monostate());
-}
-
-template <typename T> T DataRecord::slot(int i) const
-{
-    if (i < 0 || i >= slotCount())
-        return T();
-    const T *value = std::get_if<T>(&m_values.at(i));
-    return value ? *value : T();
-}
-
-void DataRecord::setSlot(int i, Value value)
-{
-    if (i >= 0 && i < slotCount())
-        m_values[i] = std::move(value);
+    m_values.setSlot(i, PackedSlots::Slot());
 }
 
 QString DataRecord::stringValue(int i) const
 {
-    return slot<QString>(i);
+    return m_values.text(i);
 }
 
 int DataRecord::intValue(int i) const
 {
-    return FieldDef::truncated(slot<double>(i));
+    return FieldDef::truncated(m_values.number(i));
 }
 
 double DataRecord::doubleValue(int i) const
 {
-    return slot<double>(i);
+    return m_values.number(i);
 }
 
 QDate DataRecord::dateValue(int i) const
 {
-    return slot<QDate>(i);
+    return m_values.day(i);
 }
 
 QTime DataRecord::timeValue(int i) const
 {
-    return slot<QTime>(i);
+    return m_values.clock(i);
 }
 
 QDateTime DataRecord::dateTimeValue(int i) const
 {
-    if (i >= 0 && i < slotCount()) {
-        if (const auto *stamp = std::get_if<LocalStamp>(&m_values.at(i)))
-            return stamp->toDateTime();
-    }
-    return slot<QDateTime>(i);
+    return m_values.kind(i) == PackedSlots::Stamp ? m_values.stamp(i).toDateTime() : QDateTime();
 }
 
 void DataRecord::setStringValue(int i, const QString &text)
 {
-    setSlot(i, text);
+    m_values.setSlot(i, PackedSlots::textSlot(text));
 }
 
 void DataRecord::setIntValue(int i, int value)
 {
-    setSlot(i, double(value));
+    m_values.setSlot(i, PackedSlots::numberSlot(double(value)));
 }
 
 void DataRecord::setDoubleValue(int i, double value)
 {
-    setSlot(i, value);
+    m_values.setSlot(i, PackedSlots::numberSlot(value));
 }
 
 void DataRecord::setDateValue(int i, const QDate &date)
 {
-    setSlot(i, date);
+    m_values.setSlot(i, PackedSlots::daySlot(date));
 }
 
 void DataRecord::setTimeValue(int i, const QTime &time)
 {
-    setSlot(i, time);
+    m_values.setSlot(i, PackedSlots::clockSlot(time));
 }
 
 void DataRecord::setDateTimeValue(int i, const QDateTime &dateTime)
 {
-    setSlot(i, dateTime);
+    m_values.setSlot(i, PackedSlots::stampSlot(LocalStamp(dateTime)));
 }
 
 void DataRecord::setImage(const QString &reference)
@@ -178,12 +162,7 @@ void DataRecord::writeSlot(QDataStream &stream, int i, int type) const
 void DataRecord::read(QDataStream &stream)
 {
     PIMRecord::read(stream);
-    const QList<FieldDef> fields = fieldList();
-    // Made at its size in one allocation; each value is read straight into its slot.
-    m_values = QList<Value>(fields.size());
-    Value *values = m_values.data();
-    for (int i = 0; i < fields.size() && BinaryFormat::ok(stream); ++i)
-        readSlot(stream, values[i], fields.at(i).type);
+    m_values = PackedSlots::read(stream, fieldList());
     qint32 hasReminder = 0;
     BinaryFormat::readString(stream, m_memo);
     BinaryFormat::readString(stream, m_image);
@@ -191,35 +170,6 @@ void DataRecord::read(QDataStream &stream)
     m_reminder.reset();
     if (hasReminder == 1 && BinaryFormat::ok(stream))
         readReminder(stream);
-}
-
-void DataRecord::readSlot(QDataStream &stream, Value &slot, int type)
-{
-    switch (FieldDef::family(type)) {
-    case FieldDef::TextFamily:
-        BinaryFormat::readString(stream, slot.emplace<QString>());
-        break;
-    case FieldDef::NumberFamily:
-        if (type == FieldDef::Double) {
-            stream >> slot.emplace<double>();
-        } else {
-            qint32 value = 0;
-            stream >> value;
-            slot = double(value);
-        }
-        break;
-    case FieldDef::DateFamily:
-        stream >> slot.emplace<QDate>();
-        break;
-    case FieldDef::TimeFamily:
-        stream >> slot.emplace<QTime>();
-        break;
-    case FieldDef::DateTimeFamily:
-        stream >> slot.emplace<LocalStamp>();
-        break;
-    case FieldDef::NoSlot:
-        break;
-    }
 }
 
 void DataRecord::readReminder(QDataStream &stream)
@@ -233,14 +183,14 @@ void DataRecord::readReminder(QDataStream &stream)
 void DataRecord::restructure(
     const QList<int> &map, const QList<FieldDef> &oldFields, const QList<FieldDef> &newFields)
 {
-    QList<Value> values(newFields.size());
-    const int common = int(qMin(map.size(), qMin(oldFields.size(), m_values.size())));
+    std::vector<PackedSlots::Slot> values(std::size_t(newFields.size()));
+    const int common = int(qMin(map.size(), qMin(oldFields.size(), qsizetype(slotCount()))));
     for (int i = 0; i < common; ++i) {
         const int j = map.at(i);
-        if (j < 0 || j >= values.size())
+        if (j < 0 || j >= newFields.size())
             continue;
         if (FieldDef::keepsValue(oldFields.at(i).type, newFields.at(j).type))
-            values[j] = std::move(m_values[i]);
+            values[std::size_t(j)] = m_values.slot(i);
     }
-    m_values = std::move(values);
+    m_values = PackedSlots::assemble(int(newFields.size()), values.data());
 }

@@ -1,6 +1,7 @@
 #ifndef DATARECORD_H
 #define DATARECORD_H
 
+#include "card/packedslots.h"
 #include "store/pimrecord.h"
 
 #include <QDate>
@@ -10,7 +11,6 @@
 #include <QTime>
 
 #include <memory>
-#include <variant>
 
 class DataManager;
 class FieldDef;
@@ -29,7 +29,7 @@ public:
     DataRecord &operator=(const DataRecord &) = delete;
     ~DataRecord() override;
 
-    int slotCount() const { return int(m_values.size()); }
+    int slotCount() const { return m_values.count(); }
     bool isSet(int i) const;
     void clearValue(int i);
 
@@ -74,18 +74,12 @@ public:
         const QList<int> &map, const QList<FieldDef> &oldFields, const QList<FieldDef> &newFields);
 
 private:
-    // A date-time read from the file stays a LocalStamp until it is asked for.
-    using Value
-        = std::variant<std::monostate, QString, double, QDate, QTime, QDateTime, LocalStamp>;
-
-    template <typename T> T slot(int i) const;
-    void setSlot(int i, Value value);
     QList<FieldDef> fieldList() const;
     void writeSlot(QDataStream &stream, int i, int type) const;
-    static void readSlot(QDataStream &stream, Value &slot, int type);
     void readReminder(QDataStream &stream);
 
-    QList<Value> m_values;
+    // A date-time is kept as its local date and time, as the file holds it.
+    PackedSlots m_values;
     QString m_memo;
     QString m_image;
     std::unique_ptr<Reminder> m_reminder;

@@ -71,7 +71,8 @@ bool BinaryFormat::readStringList(QDataStream &stream, QStringList &list)
     // Each string takes at least its 4-byte length.
     if (!ok(stream) || !countFits(stream, count, 4))
         return false;
-    list.reserve(qsizetype(qMin<quint32>(count, 4096)));
+    if (count > 0)
+        list.reserve(qsizetype(qMin<quint32>(count, 4096)));
     for (quint32 i = 0; i < count && ok(stream); ++i) {
         QString s;
         readString(stream, s);

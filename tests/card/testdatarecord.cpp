@@ -17,6 +17,10 @@ private Q_SLOTS:
     void binaryLayout();
     void truncatedRecordStopsReading_data();
     void truncatedRecordStopsReading();
+    void textsSurviveChanges_data();
+    void textsSurviveChanges();
+    void kindsStayApart_data();
+    void kindsStayApart();
 };
 
 static FieldDef makeField(int type, const QString &title = QString())
@@ -125,6 +129,104 @@ void TestDataRecord::truncatedRecordStopsReading()
     read.read(in);
     QVERIFY(!BinaryFormat::ok(in));
     QVERIFY(!read.hasReminder());
+}
+
+// Text changes, each "slot=text" or "slot" alone for a null string, applied in order to a record
+// of four text slots; a slot that is never written stays unset.
+void TestDataRecord::textsSurviveChanges_data()
+{
+    QTest::addColumn<QStringList>("changes");
+    QTest::newRow("one text") << QStringList { "1=abc" };
+    QTest::newRow("empty and null differ") << QStringList { "0=", "2" };
+    QTest::newRow("earlier text grows")
+        << QStringList { "2=tail", "3=end", "0=a", "0=much longer" };
+    QTest::newRow("later text shrinks") << QStringList { "0=head", "3=long text", "3=x", "1=é€" };
+    QTest::newRow("text emptied") << QStringList { "0=one", "1=two", "0=", "1" };
+}
+
+void TestDataRecord::textsSurviveChanges()
+{
+    QFETCH(QStringList, changes);
+    TestHome home;
+    const QList<int> types(4, FieldDef::String);
+    auto manager = managerWith(types, home);
+    DataRecord record(manager.get());
+    QList<QString> expected(4);
+    QList<bool> set(4, false);
+    for (const QString &change : changes) {
+        const int i = change.left(1).toInt();
+        const QString text = change.size() > 1 ? change.mid(2) : QString();
+        record.setStringValue(i, text);
+        expected[i] = text;
+        set[i] = true;
+    }
+    QByteArray bytes;
+    QDataStream out(&bytes, QIODevice::WriteOnly);
+    BinaryFormat::prepare(out);
+    record.write(out);
+    QDataStream in(bytes);
+    BinaryFormat::prepare(in);
+    DataRecord read(manager.get(), DataRecord::Blank);
+    read.read(in);
+    QVERIFY(BinaryFormat::ok(in));
+    const DataRecord copy(record);
+    const QList<const DataRecord *> records { &record, &copy, &read };
+    for (int i = 0; i < 4; ++i) {
+        for (const DataRecord *r : records) {
+            QCOMPARE(r->stringValue(i), expected.at(i));
+            QCOMPARE(r->stringValue(i).isNull(), expected.at(i).isNull());
+        }
+        QCOMPARE(record.isSet(i), set.at(i));
+        QCOMPARE(read.isSet(i), true);
+    }
+}
+
+// A slot gives its value only to the getter of its own kind.
+void TestDataRecord::kindsStayApart_data()
+{
+    QTest::addColumn<int>("kind");
+    const char *names[] = { "text", "number", "date", "time", "date-time" };
+    for (int kind = 0; kind < 5; ++kind)
+        QTest::newRow(names[kind]) << kind;
+}
+
+void TestDataRecord::kindsStayApart()
+{
+    QFETCH(int, kind);
+    TestHome home;
+    auto manager = managerWith({ FieldDef::String, FieldDef::String }, home);
+    DataRecord record(manager.get());
+    const QDate date(2020, 2, 29);
+    const QTime time(23, 59, 58, 7);
+    record.setStringValue(1, QStringLiteral("neighbour"));
+    switch (kind) {
+    case 0:
+        record.setStringValue(0, QStringLiteral("t"));
+        break;
+    case 1:
+        record.setDoubleValue(0, -2.75);
+        break;
+    case 2:
+        record.setDateValue(0, date);
+        break;
+    case 3:
+        record.setTimeValue(0, time);
+        break;
+    default:
+        record.setDateTimeValue(0, QDateTime(date, time));
+        break;
+    }
+    QVERIFY(record.isSet(0));
+    QCOMPARE(record.stringValue(0), kind == 0 ? QStringLiteral("t") : QString());
+    QCOMPARE(record.doubleValue(0), kind == 1 ? -2.75 : 0.0);
+    QCOMPARE(record.intValue(0), kind == 1 ? -2 : 0);
+    QCOMPARE(record.dateValue(0), kind == 2 ? date : QDate());
+    QCOMPARE(record.timeValue(0), kind == 3 ? time : QTime());
+    QCOMPARE(record.dateTimeValue(0), kind == 4 ? QDateTime(date, time) : QDateTime());
+    QCOMPARE(record.stringValue(1), QStringLiteral("neighbour"));
+    record.clearValue(0);
+    QVERIFY(!record.isSet(0));
+    QCOMPARE(record.stringValue(1), QStringLiteral("neighbour"));
 }
 
 QTEST_GUILESS_MAIN(TestDataRecord)

@@ -1,0 +1,333 @@
+#include "card/packedslots.h"
+
+#include "card/fielddef.h"
+#include "store/binaryformat.h"
+
+#include <QDataStream>
+#include <QIODevice>
+#include <QtEndian>
+
+#include <cstring>
+#include <type_traits>
+#include <vector>
+
+static_assert(std::is_trivially_copyable_v<QDate> && sizeof(QDate) <= 8);
+static_assert(std::is_trivially_copyable_v<QTime> && sizeof(QTime) <= 8);
+static_assert(std::is_trivially_copyable_v<LocalStamp> && sizeof(LocalStamp) <= 8);
+
+PackedSlots::PackedSlots(int count)
+{
+    if (count > 0) {
+        std::vector<Slot> unset(static_cast<std::size_t>(count));
+        *this = assemble(count, unset.data());
+    }
+}
+
+PackedSlots::PackedSlots(const PackedSlots &other)
+{
+    *this = other;
+}
+
+PackedSlots &PackedSlots::operator=(const PackedSlots &other)
+{
+    if (this == &other)
+        return *this;
+    if (!other.m_block) {
+        m_block.reset();
+        return *this;
+    }
+    const std::size_t bytes = other.blockBytes();
+    auto block = std::make_unique_for_overwrite<unsigned char[]>(bytes);
+    std::memcpy(block.get(), other.m_block.get(), bytes);
+    m_block = std::move(block);
+    return *this;
+}
+
+int PackedSlots::count() const
+{
+    if (!m_block)
+        return 0;
+    Header header;
+    std::memcpy(&header, m_block.get(), sizeof header);
+    return int(header.count);
+}
+
+std::size_t PackedSlots::blockBytes() const
+{
+    Header header;
+    std::memcpy(&header, m_block.get(), sizeof header);
+    return sizeof(Header) + std::size_t(header.count) * cellBytes
+        + std::size_t(header.textUnits) * sizeof(char16_t);
+}
+
+const unsigned char *PackedSlots::cell(int i) const
+{
+    return m_block.get() + sizeof(Header) + std::size_t(i) * cellBytes;
+}
+
+const char16_t *PackedSlots::texts() const
+{
+    return reinterpret_cast<const char16_t *>(cell(count()));
+}
+
+PackedSlots::Kind PackedSlots::kind(int i) const
+{
+    return i >= 0 && i < count() ? Kind(*cell(i)) : Unset;
+}
+
+// A cell is its kind, three spare bytes and eight bytes of value; a text's value is the
+// offset of its characters in the text area and their count (nullText for a null string).
+PackedSlots::Slot PackedSlots::slot(int i) const
+{
+    Slot value;
+    value.kind = kind(i);
+    if (value.kind == Unset)
+        return value;
+    std::memcpy(value.bits, cell(i) + 4, sizeof value.bits);
+    if (value.kind == Text) {
+        quint32 offset = 0;
+        std::memcpy(&offset, value.bits, sizeof offset);
+        std::memcpy(&value.length, value.bits + 4, sizeof value.length);
+        value.text = texts() + offset;
+    }
+    return value;
+}
+
+void PackedSlots::setSlot(int i, const Slot &value)
+{
+    const int n = count();
+    if (i < 0 || i >= n)
+        return;
+    // A value without text over one without text changes only its own cell.
+    if (value.kind != Text && kind(i) != Text) {
+        unsigned char *own = m_block.get() + sizeof(Header) + std::size_t(i) * cellBytes;
+        own[0] = value.kind;
+        std::memcpy(own + 4, value.bits, sizeof value.bits);
+        return;
+    }
+    std::vector<Slot> values(static_cast<std::size_t>(n));
+    for (int j = 0; j < n; ++j)
+        values[std::size_t(j)] = j == i ? value : slot(j);
+    *this = assemble(n, values.data());
+}
+
+PackedSlots PackedSlots::assemble(int count, const Slot *values)
+{
+    PackedSlots packed;
+    if (count <= 0)
+        return packed;
+    std::size_t units = 0;
+    for (int i = 0; i < count; ++i) {
+        if (values[i].kind == Text && values[i].length != nullText)
+            units += values[i].length;
+    }
+    const Header header { quint32(count), quint32(units) };
+    const std::size_t cells = sizeof(Header) + std::size_t(count) * cellBytes;
+    packed.m_block = std::make_unique<unsigned char[]>(cells + units * sizeof(char16_t));
+    unsigned char *block = packed.m_block.get();
+    std::memcpy(block, &header, sizeof header);
+    auto *text = reinterpret_cast<char16_t *>(block + cells);
+    quint32 offset = 0;
+    for (int i = 0; i < count; ++i) {
+        unsigned char *out = block + sizeof(Header) + std::size_t(i) * cellBytes;
+        const Slot &in = values[i];
+        out[0] = in.kind;
+        if (in.kind != Text) {
+            std::memcpy(out + 4, in.bits, sizeof in.bits);
+            continue;
+        }
+        std::memcpy(out + 4, &offset, sizeof offset);
+        std::memcpy(out + 8, &in.length, sizeof in.length);
+        if (in.length != nullText && in.length > 0) {
+            std::memcpy(text + offset, in.text, in.length * sizeof(char16_t));
+            offset += in.length;
+        }
+    }
+    return packed;
+}
+
+template <typename T> T PackedSlots::valueOf(int i, Kind wanted) const
+{
+    if (kind(i) != wanted)
+        return T();
+    T value;
+    std::memcpy(static_cast<void *>(&value), cell(i) + 4, sizeof value);
+    return value;
+}
+
+QString PackedSlots::text(int i) const
+{
+    const Slot value = slot(i);
+    if (value.kind != Text || value.length == nullText)
+        return QString();
+    if (value.length == 0)
+        return QString(QLatin1StringView(""));
+    return QString(reinterpret_cast<const QChar *>(value.text), qsizetype(value.length));
+}
+
+double PackedSlots::number(int i) const
+{
+    return valueOf<double>(i, Number);
+}
+
+QDate PackedSlots::day(int i) const
+{
+    return valueOf<QDate>(i, Day);
+}
+
+QTime PackedSlots::clock(int i) const
+{
+    return valueOf<QTime>(i, Clock);
+}
+
+LocalStamp PackedSlots::stamp(int i) const
+{
+    return valueOf<LocalStamp>(i, Stamp);
+}
+
+template <typename T> PackedSlots::Slot PackedSlots::podSlot(Kind kind, const T &value)
+{
+    Slot packed;
+    packed.kind = kind;
+    std::memcpy(packed.bits, static_cast<const void *>(&value), sizeof value);
+    return packed;
+}
+
+PackedSlots::Slot PackedSlots::textSlot(const QString &text)
+{
+    Slot packed;
+    packed.kind = Text;
+    if (!text.isNull()) {
+        packed.text = reinterpret_cast<const char16_t *>(text.constData());
+        packed.length = quint32(text.size());
+    }
+    return packed;
+}
+
+PackedSlots::Slot PackedSlots::numberSlot(double value)
+{
+    return podSlot(Number, value);
+}
+
+PackedSlots::Slot PackedSlots::daySlot(const QDate &date)
+{
+    return podSlot(Day, date);
+}
+
+PackedSlots::Slot PackedSlots::clockSlot(const QTime &time)
+{
+    return podSlot(Clock, time);
+}
+
+PackedSlots::Slot PackedSlots::stampSlot(const LocalStamp &stamp)
+{
+    return podSlot(Stamp, stamp);
+}
+
+namespace
+{
+// Room reused from record to record while a card loads, so that reading a record allocates
+// only its finished block.
+struct Scratch {
+    std::vector<PackedSlots::Slot> values;
+    std::vector<quint32> offsets;
+    std::vector<char16_t> text;
+};
+
+// Appends a text read as BinaryFormat::readString reads it, straight into the scratch room,
+// and gives its length (nullText for a null string).
+quint32 readText(QDataStream &stream, std::vector<char16_t> &room)
+{
+    const qint64 left = BinaryFormat::remaining(stream);
+    if (left < 0) {
+        QString text;
+        BinaryFormat::readString(stream, text);
+        if (text.isNull())
+            return PackedSlots::nullText;
+        room.insert(room.end(), text.utf16(), text.utf16() + text.size());
+        return quint32(text.size());
+    }
+    quint32 bytes = 0;
+    stream >> bytes;
+    if (!BinaryFormat::ok(stream) || bytes == PackedSlots::nullText)
+        return PackedSlots::nullText;
+    if (bytes % 2 != 0) {
+        stream.setStatus(QDataStream::ReadCorruptData);
+        return PackedSlots::nullText;
+    }
+    if (bytes > left - 4) {
+        stream.setStatus(QDataStream::ReadPastEnd);
+        return PackedSlots::nullText;
+    }
+    const std::size_t start = room.size();
+    const std::size_t units = bytes / 2;
+    room.resize(start + units);
+    char16_t *out = room.data() + start;
+    stream.readRawData(reinterpret_cast<char *>(out), int(bytes));
+    if (stream.byteOrder() == QDataStream::BigEndian)
+        qFromBigEndian<char16_t>(out, qsizetype(units), out);
+    else
+        qFromLittleEndian<char16_t>(out, qsizetype(units), out);
+    return quint32(units);
+}
+
+template <typename T>
+PackedSlots::Slot readPod(QDataStream &stream, PackedSlots::Slot (*make)(const T &))
+{
+    T value {};
+    stream >> value;
+    return make(value);
+}
+
+PackedSlots::Slot readNumber(QDataStream &stream, int type)
+{
+    if (type == FieldDef::Double) {
+        double value = 0;
+        stream >> value;
+        return PackedSlots::numberSlot(value);
+    }
+    qint32 value = 0;
+    stream >> value;
+    return PackedSlots::numberSlot(double(value));
+}
+} // namespace
+
+PackedSlots PackedSlots::read(QDataStream &stream, const QList<FieldDef> &fields)
+{
+    thread_local Scratch scratch;
+    const std::size_t n = std::size_t(fields.size());
+    scratch.values.assign(n, Slot());
+    scratch.offsets.assign(n, 0);
+    scratch.text.clear();
+    for (std::size_t i = 0; i < n && BinaryFormat::ok(stream); ++i) {
+        const int type = fields.at(qsizetype(i)).type;
+        Slot &slot = scratch.values[i];
+        switch (FieldDef::family(type)) {
+        case FieldDef::TextFamily:
+            slot.kind = Text;
+            scratch.offsets[i] = quint32(scratch.text.size());
+            slot.length = readText(stream, scratch.text);
+            break;
+        case FieldDef::NumberFamily:
+            slot = readNumber(stream, type);
+            break;
+        case FieldDef::DateFamily:
+            slot = readPod<QDate>(stream, &daySlot);
+            break;
+        case FieldDef::TimeFamily:
+            slot = readPod<QTime>(stream, &clockSlot);
+            break;
+        case FieldDef::DateTimeFamily:
+            slot = readPod<LocalStamp>(stream, &stampSlot);
+            break;
+        case FieldDef::NoSlot:
+            break;
+        }
+    }
+    // The text room may have moved while it grew: the texts are pointed at only now.
+    for (std::size_t i = 0; i < n; ++i) {
+        if (scratch.values[i].kind == Text && scratch.values[i].length != nullText)
+            scratch.values[i].text = scratch.text.data() + scratch.offsets[i];
+    }
+    return assemble(int(n), scratch.values.data());
+}
