@@ -2,6 +2,7 @@
 
 #include "app/resourceicons.h"
 #include "card/datamanager.h"
+#include "lib/qt/mldialogbuttons.h"
 #include "lib/qt/mltoolbutton.h"
 #include "lib/qt/mlyesnodialog.h"
 
@@ -124,19 +125,12 @@ void ColumnSetup::buildWidgets()
     columns->addWidget(allcolumns, 1);
     columns->addLayout(moves);
     columns->addWidget(list, 1);
-    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-    buttons->button(QDialogButtonBox::Ok)->setObjectName(QStringLiteral("btnOk"));
-    buttons->button(QDialogButtonBox::Ok)->setIcon(loadIconSet(QStringLiteral("button_ok")));
-    buttons->button(QDialogButtonBox::Cancel)->setObjectName(QStringLiteral("btnCancel"));
-    buttons->button(QDialogButtonBox::Cancel)
-        ->setIcon(loadIconSet(QStringLiteral("button_cancel")));
+    QDialogButtonBox *buttons = MLDialogButtons::okCancel(this);
     auto *layout = new QVBoxLayout(this);
     layout->addLayout(form);
     layout->addLayout(columns, 1);
     layout->addWidget(buttons);
 
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     connect(btnGet, &QPushButton::clicked, this, &ColumnSetup::doGet);
     connect(btnRemove, &QPushButton::clicked, this, &ColumnSetup::doRemove);
     connect(btnUp, &QPushButton::clicked, this, &ColumnSetup::doUp);

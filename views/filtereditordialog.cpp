@@ -5,6 +5,7 @@
 #include "card/datarecord.h"
 #include "lib/qt/mlcalculatordialog.h"
 #include "lib/qt/mldateedit.h"
+#include "lib/qt/mldialogbuttons.h"
 #include "lib/qt/mltimeedit.h"
 #include "lib/qt/mlyesnodialog.h"
 #include "views/filtermatcher.h"
@@ -153,14 +154,7 @@ void FilterEditorDialog::buildWidgets(bool find)
     rowButtons->addWidget(btnAdd);
     rowButtons->addWidget(btnRemove);
     rowButtons->addStretch();
-    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-    buttons->button(QDialogButtonBox::Ok)->setObjectName(QStringLiteral("btnOk"));
-    buttons->button(QDialogButtonBox::Ok)->setIcon(loadIconSet(QStringLiteral("button_ok")));
-    buttons->button(QDialogButtonBox::Cancel)->setObjectName(QStringLiteral("btnCancel"));
-    buttons->button(QDialogButtonBox::Cancel)
-        ->setIcon(loadIconSet(QStringLiteral("button_cancel")));
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    QDialogButtonBox *buttons = MLDialogButtons::okCancel(this);
 
     auto *layout = new QVBoxLayout(this);
     layout->addLayout(form);
