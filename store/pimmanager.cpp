@@ -33,6 +33,7 @@ constexpr qint64 minTextRecordBytes = 4;
 // A property of the binary header: key and value, each at least its 4-byte length.
 constexpr qint64 minPropertyBytes = 8;
 constexpr qint64 copyBlockSize = 16384;
+constexpr qint64 recordChunkSize = 1 << 20;
 // Bounds the search for a free name for the copy of a damaged file.
 constexpr int maxDamagedCopies = 1000;
 
@@ -414,9 +415,30 @@ bool PIMManager::writeBinary(QIODevice &device)
     m_newDataStart = device.pos();
     if (m_headerOnly)
         return ::BinaryFormat::ok(stream) && copyRecordPart(device);
-    for (const PIMRecord *record : std::as_const(m_records))
+    return ::BinaryFormat::ok(stream) && writeRecordsBinary(device);
+}
+
+// Records are put together in memory a chunk at a time: a file takes each of the stream's
+// many small writes through its own buffer, which costs more than the bytes themselves.
+bool PIMManager::writeRecordsBinary(QIODevice &device) const
+{
+    QByteArray chunk;
+    chunk.reserve(recordChunkSize + recordChunkSize / 4);
+    QBuffer buffer(&chunk);
+    buffer.open(QIODevice::WriteOnly);
+    QDataStream stream(&buffer);
+    ::BinaryFormat::prepare(stream);
+    auto flushChunk = [&] {
+        const qint64 bytes = buffer.pos();
+        buffer.seek(0);
+        return device.write(chunk.constData(), bytes) == bytes;
+    };
+    for (const PIMRecord *record : std::as_const(m_records)) {
         record->write(stream);
-    return ::BinaryFormat::ok(stream);
+        if (buffer.pos() >= recordChunkSize && !flushChunk())
+            return false;
+    }
+    return ::BinaryFormat::ok(stream) && flushChunk();
 }
 
 void PIMManager::writeHeader(QTextStream &stream) const

@@ -169,6 +169,7 @@ private:
     bool writePending(const QString &pending);
     bool writeText(QIODevice &device);
     bool writeBinary(QIODevice &device);
+    bool writeRecordsBinary(QIODevice &device) const;
     int storedTotal() const;
     bool copyRecordPart(QIODevice &device) const;
     bool keepDamagedOriginal();
