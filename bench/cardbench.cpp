@@ -14,6 +14,9 @@ std::unique_ptr<DataManager> loaded(const QString &path)
 {
     auto card = std::make_unique<DataManager>(path);
     card->load();
+    // A card saves itself when it closes: the measurements must leave the input as it was,
+    // or each one would measure the card the previous one changed.
+    card->setReadOnly(true);
     return card;
 }
 
