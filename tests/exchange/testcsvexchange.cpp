@@ -138,55 +138,39 @@ void TestCsvExchange::conversion_data()
     QTest::addColumn<QString>("decimal");
     QTest::addColumn<QString>("input");
     QTest::addColumn<QString>("expected");
-
-    const QString dot = QStringLiteral(".");
-    QTest::newRow("integer with thousands") << int(F::Integer) << "," << dot << "1,234,567"
-                                            << "1234567";
-    QTest::newRow("integer that fails is 0") << int(F::Integer) << "" << dot << "12a"
-                                             << "0";
-    QTest::newRow("count with blank thousands") << int(F::Count) << " " << dot << "12 000"
-                                                << "12000";
-    QTest::newRow("repeated removal from the start") << int(F::Integer) << "ab" << dot << "1aabb2"
-                                                     << "12";
-    QTest::newRow("double with both separators") << int(F::Double) << "."
-                                                 << ","
-                                                 << "1.234,5"
-                                                 << "1234.5";
-    QTest::newRow("double that fails is 0") << int(F::Double) << "" << dot << "x"
-                                            << "0";
-    QTest::newRow("date by code") << int(F::Date) << "DD/MM/YYYY" << dot << "03/04/2005"
-                                  << "2005-04-03";
-    QTest::newRow("two-digit year") << int(F::Date) << "D.M.YY" << dot << "3.4.05"
-                                    << "2005-04-03";
-    QTest::newRow("date that does not fit stays empty")
-        << int(F::Date) << "DD/MM/YYYY" << dot << "2005-04-03"
-        << "";
-    QTest::newRow("time with AM/PM") << int(F::Time) << "hh:mm AM/PM" << dot << "01:05 PM"
-                                     << "13:05:00";
-    QTest::newRow("twelve AM is midnight") << int(F::Time) << "hh:mm AM/PM" << dot << "12:30 AM"
-                                           << "00:30:00";
-    QTest::newRow("date-time") << int(F::DateTime) << "YYYY-MM-DD hh:mm:ss" << dot
-                               << "2004-03-07 18:05:09"
-                               << "2004-03-07T18:05:09";
-    QTest::newRow("text separator to line feeds") << int(F::Text) << "|" << dot << "a|b||c"
-                                                  << "a\nb\n\nc";
-    QTest::newRow("text without separator") << int(F::Text) << "" << dot << "a|b"
-                                            << "a|b";
-    QTest::newRow("memo goes to the memo") << int(F::Memo) << " / " << dot << "a / b"
-                                           << "a\nb";
-    QTest::newRow("bool first of the pair") << int(F::Bool) << "Y/N" << dot << "Y"
-                                            << "1";
-    QTest::newRow("bool compares exactly") << int(F::Bool) << "Y/N" << dot << "y"
-                                           << "0";
-    QTest::newRow("bool pair of three parts") << int(F::Bool) << "a/b/c" << dot << "a"
-                                              << "0";
-    QTest::newRow("image to the base directory")
-        << int(F::Image) << "/home/p" << dot << "/old/pics/a.png"
-        << "/home/p/a.png";
-    QTest::newRow("multilist drops empty items") << int(F::MultiList) << ";" << dot << ";x;;y;"
-                                                 << "x\ny";
-    QTest::newRow("string as it stands") << int(F::String) << "" << dot << " a,b "
-                                         << " a,b ";
+    const struct {
+        const char *name;
+        int type;
+        const char *format, *decimal, *input, *expected;
+    } rows[] = {
+        { "integer with thousands", F::Integer, ",", ".", "1,234,567", "1234567" },
+        { "integer that fails is 0", F::Integer, "", ".", "12a", "0" },
+        { "count with blank thousands", F::Count, " ", ".", "12 000", "12000" },
+        { "repeated removal from the start", F::Integer, "ab", ".", "1aabb2", "12" },
+        { "double with both separators", F::Double, ".", ",", "1.234,5", "1234.5" },
+        { "double that fails is 0", F::Double, "", ".", "x", "0" },
+        { "date by code", F::Date, "DD/MM/YYYY", ".", "03/04/2005", "2005-04-03" },
+        { "two-digit year", F::Date, "D.M.YY", ".", "3.4.05", "2005-04-03" },
+        { "date that does not fit stays empty", F::Date, "DD/MM/YYYY", ".", "2005-04-03", "" },
+        { "time with AM/PM", F::Time, "hh:mm AM/PM", ".", "01:05 PM", "13:05:00" },
+        { "twelve AM is midnight", F::Time, "hh:mm AM/PM", ".", "12:30 AM", "00:30:00" },
+        { "date-time", F::DateTime, "YYYY-MM-DD hh:mm:ss", ".", "2004-03-07 18:05:09",
+            "2004-03-07T18:05:09" },
+        { "text separator to line feeds", F::Text, "|", ".", "a|b||c", "a\nb\n\nc" },
+        { "text without separator", F::Text, "", ".", "a|b", "a|b" },
+        { "memo goes to the memo", F::Memo, " / ", ".", "a / b", "a\nb" },
+        { "bool first of the pair", F::Bool, "Y/N", ".", "Y", "1" },
+        { "bool compares exactly", F::Bool, "Y/N", ".", "y", "0" },
+        { "bool pair of three parts", F::Bool, "a/b/c", ".", "a", "0" },
+        { "image to the base directory", F::Image, "/home/p", ".", "/old/pics/a.png",
+            "/home/p/a.png" },
+        { "multilist drops empty items", F::MultiList, ";", ".", ";x;;y;", "x\ny" },
+        { "string as it stands", F::String, "", ".", " a,b ", " a,b " },
+    };
+    for (const auto &row : rows)
+        QTest::newRow(row.name) << row.type << QString::fromUtf8(row.format)
+                                << QString::fromUtf8(row.decimal) << QString::fromUtf8(row.input)
+                                << QString::fromUtf8(row.expected);
 }
 
 void TestCsvExchange::conversion()
@@ -214,39 +198,22 @@ void TestCsvExchange::quoting_data()
     QTest::addColumn<QString>("delimiter");
     QTest::addColumn<QString>("qualifier");
     QTest::addColumn<QString>("expected");
-
-    QTest::newRow("qualifier doubled") << "a\"b"
-                                       << ","
-                                       << "\""
-                                       << "\"a\"\"b\",";
-    QTest::newRow("numbers quoted too") << "12"
-                                        << ";"
-                                        << "'"
-                                        << "'12';";
-    QTest::newRow("no qualifier, no need") << "ab"
-                                           << ","
-                                           << ""
-                                           << "ab,";
-    QTest::newRow("no qualifier, delimiter inside falls back to \"") << "a,b\"c"
-                                                                     << ","
-                                                                     << ""
-                                                                     << "\"a,b\"\"c\",";
-    QTest::newRow("no qualifier, line feed inside") << "a\nb"
-                                                    << ","
-                                                    << ""
-                                                    << "\"a\nb\",";
-    QTest::newRow("qualifier as a pattern: . doubles all") << "ab"
-                                                           << ","
-                                                           << "."
-                                                           << "......,";
-    QTest::newRow("invalid pattern doubles nothing") << "a(b"
-                                                     << ","
-                                                     << "("
-                                                     << "(a(b(,";
-    QTest::newRow("two-character delimiter") << "a"
-                                             << "::"
-                                             << "\""
-                                             << "\"a\"::";
+    const struct {
+        const char *name, *value, *delimiter, *qualifier, *expected;
+    } rows[] = {
+        { "qualifier doubled", "a\"b", ",", "\"", "\"a\"\"b\"," },
+        { "numbers quoted too", "12", ";", "'", "'12';" },
+        { "no qualifier, no need", "ab", ",", "", "ab," },
+        { "no qualifier, delimiter inside falls back to \"", "a,b\"c", ",", "", "\"a,b\"\"c\"," },
+        { "no qualifier, line feed inside", "a\nb", ",", "", "\"a\nb\"," },
+        { "qualifier as a pattern: . doubles all", "ab", ",", ".", "......," },
+        { "invalid pattern doubles nothing", "a(b", ",", "(", "(a(b(," },
+        { "two-character delimiter", "a", "::", "\"", "\"a\"::" },
+    };
+    for (const auto &row : rows)
+        QTest::newRow(row.name) << QString::fromUtf8(row.value) << QString::fromUtf8(row.delimiter)
+                                << QString::fromUtf8(row.qualifier)
+                                << QString::fromUtf8(row.expected);
 }
 
 void TestCsvExchange::quoting()
@@ -371,35 +338,34 @@ void TestCsvExchange::roundTrip_data()
     QTest::addColumn<int>("importType");
     QTest::addColumn<QString>("importFormat");
     QTest::addColumn<QString>("expected");
-
-    // Plain numbers, dates and lists are covered by the conversion and export tables.
-    QTest::newRow("string") << int(F::String) << "a, b" << int(F::String) << ""
-                            << "a, b";
-    QTest::newRow("text over lines") << int(F::Text) << "a\nb" << int(F::Text) << "\n"
-                                     << "a\nb";
-    QTest::newRow("memo") << int(F::Memo) << "m\n\"n\"" << int(F::Memo) << "\n"
-                          << "m\n,n,";
-    QTest::newRow("bool") << int(F::Bool) << "1" << int(F::Bool) << "1/0"
-                          << "1";
-    QTest::newRow("time") << int(F::Time) << "13:05:09" << int(F::Time) << "hh:mm:ss"
-                          << "13:05:09";
-    QTest::newRow("date-time") << int(F::DateTime) << "2004-03-07T18:05:09" << int(F::DateTime)
-                               << "YYYY-MM-DD hh:mm:ss"
-                               << "2004-03-07T18:05:09";
-    QTest::newRow("image") << int(F::Image) << "pics/a.png" << int(F::Image) << ""
-                           << "pics/a.png";
-    QTest::newRow("multilist") << int(F::MultiList) << "x\ny" << int(F::MultiList) << ";"
-                               << "x\ny";
-    // The losses the format has, each exactly as it comes back.
-    QTest::newRow("loss: double at 6 digits")
-        << int(F::Double) << "3.14159265" << int(F::Double) << ""
-        << "3.14159";
-    QTest::newRow("loss: qualifier comes back as the delimiter")
-        << int(F::String) << "say \"hi\"" << int(F::String) << ""
-        << "say ,hi,";
-    QTest::newRow("loss: reminder only as text")
-        << int(F::Reminder) << "2006-01-02T03:04:05" << int(F::String) << ""
-        << "2006-01-02 03:04:05";
+    const struct {
+        const char *name;
+        int type;
+        const char *value;
+        int importType;
+        const char *importFormat, *expected;
+    } rows[] = {
+        // Plain numbers, dates and lists are covered by the conversion and export tables.
+        { "string", F::String, "a, b", F::String, "", "a, b" },
+        { "text over lines", F::Text, "a\nb", F::Text, "\n", "a\nb" },
+        { "memo", F::Memo, "m\n\"n\"", F::Memo, "\n", "m\n,n," },
+        { "bool", F::Bool, "1", F::Bool, "1/0", "1" },
+        { "time", F::Time, "13:05:09", F::Time, "hh:mm:ss", "13:05:09" },
+        { "date-time", F::DateTime, "2004-03-07T18:05:09", F::DateTime, "YYYY-MM-DD hh:mm:ss",
+            "2004-03-07T18:05:09" },
+        { "image", F::Image, "pics/a.png", F::Image, "", "pics/a.png" },
+        { "multilist", F::MultiList, "x\ny", F::MultiList, ";", "x\ny" },
+        // The losses the format has, each exactly as it comes back.
+        { "loss: double at 6 digits", F::Double, "3.14159265", F::Double, "", "3.14159" },
+        { "loss: qualifier comes back as the delimiter", F::String, "say \"hi\"", F::String, "",
+            "say ,hi," },
+        { "loss: reminder only as text", F::Reminder, "2006-01-02T03:04:05", F::String, "",
+            "2006-01-02 03:04:05" },
+    };
+    for (const auto &row : rows)
+        QTest::newRow(row.name) << row.type << QString::fromUtf8(row.value) << row.importType
+                                << QString::fromUtf8(row.importFormat)
+                                << QString::fromUtf8(row.expected);
 }
 
 void TestCsvExchange::roundTrip()

@@ -87,26 +87,23 @@ void TestExportDialog::options_data()
     QTest::addColumn<QString>("expectedSeparator");
     QTest::addColumn<QString>("storedMultiline2");
 
-    QTest::newRow("comma, new line") << 3 << false << "x"
-                                     << "" << 0 << ","
-                                     << "\n"
-                                     << "";
-    QTest::newRow("pipe, space") << 7 << false << ""
-                                 << "" << 1 << "|"
-                                 << " "
-                                 << "";
-    QTest::newRow("other of two characters") << 0 << true << "::"
-                                             << "" << 0 << "::"
-                                             << "\n"
-                                             << "";
-    QTest::newRow("other left empty is a blank") << 0 << true << ""
-                                                 << "" << 0 << " "
-                                                 << "\n"
-                                                 << "";
-    QTest::newRow("typed separator") << 0 << false << ""
-                                     << "||" << 0 << "\t"
-                                     << "||"
-                                     << "||";
+    const struct {
+        const char *name;
+        int delimiter;
+        bool other;
+        const char *typed, *multiline;
+        int mlIndex;
+        const char *expectedDelimiter, *expectedSeparator, *storedMultiline2;
+    } rows[] = {
+        { "comma, new line", 3, false, "x", "", 0, ",", "\n", "" },
+        { "pipe, space", 7, false, "", "", 1, "|", " ", "" },
+        { "other of two characters", 0, true, "::", "", 0, "::", "\n", "" },
+        { "other left empty is a blank", 0, true, "", "", 0, " ", "\n", "" },
+        { "typed separator", 0, false, "", "||", 0, "\t", "||", "||" },
+    };
+    for (const auto &r : rows)
+        QTest::newRow(r.name) << r.delimiter << r.other << r.typed << r.multiline << r.mlIndex
+                              << r.expectedDelimiter << r.expectedSeparator << r.storedMultiline2;
 }
 
 void TestExportDialog::options()

@@ -20,8 +20,8 @@ class TestImageEditorWidget : public QObject
 private Q_SLOTS:
     void pages_data();
     void pages();
-    void setupTakesTheChosenPicture();
-    void cancelledSetupChangesNothing();
+    void setup_data();
+    void setup();
     void unsetEmptiesAndReports();
 
 private:
@@ -66,40 +66,33 @@ void TestImageEditorWidget::pages()
     QCOMPARE(changed.count(), 0);
 }
 
-void TestImageEditorWidget::setupTakesTheChosenPicture()
+void TestImageEditorWidget::setup_data()
 {
+    QTest::addColumn<bool>("ok");
+    QTest::newRow("Ok takes the chosen picture") << true;
+    QTest::newRow("Escape changes nothing") << false;
+}
+
+void TestImageEditorWidget::setup()
+{
+    QFETCH(bool, ok);
     TestHome home;
     const QString path = makePicture(home, QStringLiteral("p.png"));
     ImageEditorWidget widget;
     QSignalSpy changed(&widget, &ImageEditorWidget::changed);
-    whenShown<ImageSetup>([](ImageSetup *setup) {
-        auto *images = setup->findChild<QListWidget *>(QStringLiteral("images"));
-        images->setCurrentRow(0);
+    whenShown<ImageSetup>([ok](ImageSetup *setup) {
+        setup->findChild<QListWidget *>(QStringLiteral("images"))->setCurrentRow(0);
+        if (!ok)
+            return QTest::keyClick(setup, Qt::Key_Escape);
         setup->findChild<QDialogButtonBox *>(QStringLiteral("okc"))
             ->button(QDialogButtonBox::Ok)
             ->click();
     });
     widget.findChild<QPushButton *>(QStringLiteral("btnSetup"))->click();
-    QCOMPARE(widget.image(), path);
-    QCOMPARE(widget.currentIndex(), 1);
-    QCOMPARE(widget.pixmap().size(), QSize(30, 10));
-    QCOMPARE(changed.count(), 1);
-}
-
-void TestImageEditorWidget::cancelledSetupChangesNothing()
-{
-    TestHome home;
-    makePicture(home, QStringLiteral("p.png"));
-    ImageEditorWidget widget;
-    QSignalSpy changed(&widget, &ImageEditorWidget::changed);
-    whenShown<ImageSetup>([](ImageSetup *setup) {
-        setup->findChild<QListWidget *>(QStringLiteral("images"))->setCurrentRow(0);
-        QTest::keyClick(setup, Qt::Key_Escape);
-    });
-    widget.setupImage();
-    QVERIFY(widget.image().isEmpty());
-    QCOMPARE(widget.currentIndex(), 0);
-    QCOMPARE(changed.count(), 0);
+    QCOMPARE(widget.image(), ok ? path : QString());
+    QCOMPARE(widget.currentIndex(), ok ? 1 : 0);
+    QCOMPARE(widget.pixmap().size(), ok ? QSize(30, 10) : QSize(0, 0));
+    QCOMPARE(changed.count(), ok ? 1 : 0);
 }
 
 void TestImageEditorWidget::unsetEmptiesAndReports()

@@ -26,15 +26,11 @@ private Q_SLOTS:
     void samplesMatchWriter();
     void brokenFiles_data();
     void brokenFiles();
-    void mobileFields_data();
     void mobileFields();
-    void mobileValues_data();
-    void mobileValues();
+    void values_data();
+    void values();
     void codecDecidesLabels();
-    void jfileFields_data();
     void jfileFields();
-    void jfileValues_data();
-    void jfileValues();
     void jfileImportValue();
     void jfileKeys_data();
     void jfileKeys();
@@ -144,76 +140,79 @@ void TestPalmImport::brokenFiles()
     }
 }
 
-void TestPalmImport::mobileFields_data()
-{
-    QTest::addColumn<int>("index");
-    QTest::addColumn<QString>("title");
-    QTest::addColumn<QString>("label");
-    QTest::addColumn<int>("type");
-    QTest::addColumn<int>("width");
-    QTest::addColumn<QStringList>("items");
-    QTest::newRow("empty type, no line feed: String") << 0 << "Name"
-                                                      << "Name" << 0 << 100 << QStringList();
-    QTest::newRow("I, only empty values: Integer") << 1 << "Count"
-                                                   << "Count" << 1 << 0 << QStringList();
-    QTest::newRow("I with a point: Double, width by number") << 2 << "Price"
-                                                             << "Price" << 2 << 40 << QStringList();
-    QTest::newRow("D") << 3 << "Born"
-                       << "Born" << 3 << 0 << QStringList();
-    QTest::newRow("d") << 4 << "At"
-                       << "At" << 4 << 0 << QStringList();
-    QTest::newRow("B has no label") << 5 << "Ok"
-                                    << "" << 10 << 0 << QStringList();
-    QTest::newRow("L items") << 6 << "Kind"
-                             << "Kind" << 9 << 0 << QStringList { "red", "green" };
-    QTest::newRow("line feed keeps Text") << 7 << "Notes"
-                                          << "Notes" << 6 << 0 << QStringList();
-}
-
+// Each field as "title|label|type|width|items".
 void TestPalmImport::mobileFields()
 {
-    QFETCH(int, index);
     TestHome home;
     const QString path = importSample(QStringLiteral("mobiledb-good.pdb"));
     QCOMPARE(path, home.documents() + QStringLiteral("/Garden.card"));
     DataManager card(path);
     QVERIFY(card.load());
-    QCOMPARE(card.fieldCount(), 8);
     QCOMPARE(card.description(), QStringLiteral("MobileDB imported Card [mobiledb-good.pdb]"));
     QCOMPARE(card.icon(), QStringLiteral("12"));
-    const FieldDef field = card.field(index);
-    QTEST(field.title, "title");
-    QTEST(field.label, "label");
-    QTEST(field.type, "type");
-    QTEST(field.width, "width");
-    QTEST(field.items, "items");
+    QStringList fields;
+    for (int i = 0; i < card.fieldCount(); ++i) {
+        const FieldDef field = card.field(i);
+        fields << QStringLiteral("%1|%2|%3|%4|%5")
+                      .arg(field.title, field.label)
+                      .arg(field.type)
+                      .arg(field.width)
+                      .arg(field.items.join(QLatin1Char(';')));
+    }
+    QCOMPARE(fields,
+        QStringList({
+            "Name|Name|0|100|", // empty type, no line feed: String
+            "Count|Count|1|0|", // I, only empty values: Integer
+            "Price|Price|2|40|", // I with a point: Double, width by number
+            "Born|Born|3|0|", // D
+            "At|At|4|0|", // d
+            "Ok||10|0|", // B has no label
+            "Kind|Kind|9|0|red;green", // L items
+            "Notes|Notes|6|0|", // line feed keeps Text
+        }));
 }
 
-void TestPalmImport::mobileValues_data()
+// Rows of both samples, each slot as text.
+void TestPalmImport::values_data()
 {
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<int>("records");
     QTest::addColumn<int>("row");
     QTest::addColumn<QStringList>("values");
+    const QString mobile = QStringLiteral("mobiledb-good.pdb");
     QTest::newRow("epoch, 3599 s cut to 00:59, Yes is false")
-        << 0
+        << mobile << 5 << 0
         << QStringList { "Ann", "0", "1.5", "1904-01-01", "00:59:00", "0", "green",
                "line1\nline2" };
     QTest::newRow("category 3 row, yes is true")
-        << 1 << QStringList { "Bob", "0", "2", "1904-01-02", "00:01:00", "1", "red", "x" };
-    QTest::newRow("damaged row keeps defaults") << 2 << QStringList { "", "0", "0" };
+        << mobile << 5 << 1
+        << QStringList { "Bob", "0", "2", "1904-01-02", "00:01:00", "1", "red", "x" };
+    QTest::newRow("damaged row keeps defaults") << mobile << 5 << 2 << QStringList { "", "0", "0" };
     QTest::newRow("short row: no date or time")
-        << 3 << QStringList { "Cy", "0", "0", "", "", "0", "", "" };
+        << mobile << 5 << 3 << QStringList { "Cy", "0", "0", "", "", "0", "", "" };
     QTest::newRow("empty date and time stay unset")
-        << 4 << QStringList { "Di", "4", "0", "", "", "0", "", "" };
+        << mobile << 5 << 4 << QStringList { "Di", "4", "0", "", "", "0", "", "" };
+    const QString jfile = QStringLiteral("jfile-good.pdb");
+    QTest::newRow(
+        "day-month name in 1974, M/D/Y, a formula on a missing previous record fails to 0")
+        << jfile << 2 << 0
+        << QStringList { "Saw", "3", "2.5", "7.5", "6", "a", "p\nq\nr", "12", "1974-02-03",
+               "2003-12-25", "09:30:00", "1", "z", "0" };
+    QTest::newRow("unknown month, empty date, hours only, yes is not 1, previous total")
+        << jfile << 2 << 1
+        << QStringList { "Axe", "0", "0", "0", "0", "b", "", "13", "", "", "07:00:00", "0", "",
+               "8.5" };
 }
 
-void TestPalmImport::mobileValues()
+void TestPalmImport::values()
 {
+    QFETCH(QString, file);
     QFETCH(int, row);
     QFETCH(QStringList, values);
     TestHome home;
-    DataManager card(importSample(QStringLiteral("mobiledb-good.pdb")));
+    DataManager card(importSample(file));
     QVERIFY(card.load());
-    QCOMPARE(card.records().size(), 5);
+    QTEST(int(card.records().size()), "records");
     const auto *record = static_cast<const DataRecord *>(card.records().at(row));
     for (int i = 0; i < values.size(); ++i)
         QCOMPARE(slotText(card, record, i), values.at(i));
@@ -239,76 +238,33 @@ void TestPalmImport::codecDecidesLabels()
     QCOMPARE(card.field(0).title, QStringLiteral("При"));
 }
 
-void TestPalmImport::jfileFields_data()
-{
-    QTest::addColumn<int>("index");
-    QTest::addColumn<QString>("title");
-    QTest::addColumn<int>("type");
-    QTest::addColumn<QString>("formula");
-    QTest::addColumn<QString>("defaultValue");
-    QTest::addColumn<QStringList>("items");
-    QTest::newRow("String, default by key a") << 0 << "Item" << 0 << ""
-                                              << "none" << QStringList();
-    QTest::newRow("after a dropped field") << 1 << "Qty" << 1 << ""
-                                           << "" << QStringList();
-    QTest::newRow("70 through the map") << 3 << "Total" << 2 << "[F2] * [F1]"
-                                        << "" << QStringList();
-    QTest::newRow("71 constant") << 4 << "Twice" << 2 << "2 * [F1]"
-                                 << "" << QStringList();
-    QTest::newRow("popup, one item a value") << 5 << "Kind" << 9 << ""
-                                             << "" << QStringList { "a", "b" };
-    QTest::newRow("MultiList default keeps order") << 6 << "Tags" << 13 << ""
-                                                   << "y;x" << QStringList();
-    QTest::newRow("Increment") << 7 << "No" << 14 << ""
-                               << "12;10" << QStringList();
-    QTest::newRow("unknown type") << 12 << "Odd" << 0 << ""
-                                  << "" << QStringList();
-    QTest::newRow("72 previous record") << 13 << "Next" << 2 << "[F3!] + 1"
-                                        << "" << QStringList();
-}
-
+// Fields by index as "title|type|formula|default|items".
 void TestPalmImport::jfileFields()
 {
-    QFETCH(int, index);
     TestHome home;
     DataManager card(importSample(QStringLiteral("jfile-good.pdb")));
     QVERIFY(card.load());
     QCOMPARE(card.fieldCount(), 14);
     QCOMPARE(card.description(), QStringLiteral("JFile 5.x imported Card [jfile-good.pdb]"));
-    const FieldDef field = card.field(index);
-    QTEST(field.title, "title");
-    QTEST(field.type, "type");
-    QTEST(field.formula, "formula");
-    QTEST(field.defaultValue, "defaultValue");
-    QTEST(field.items, "items");
-}
-
-void TestPalmImport::jfileValues_data()
-{
-    QTest::addColumn<int>("row");
-    QTest::addColumn<QStringList>("values");
-    QTest::newRow(
-        "day-month name in 1974, M/D/Y, a formula on a missing previous record fails to 0")
-        << 0
-        << QStringList { "Saw", "3", "2.5", "7.5", "6", "a", "p\nq\nr", "12", "1974-02-03",
-               "2003-12-25", "09:30:00", "1", "z", "0" };
-    QTest::newRow("unknown month, empty date, hours only, yes is not 1, previous total")
-        << 1
-        << QStringList { "Axe", "0", "0", "0", "0", "b", "", "13", "", "", "07:00:00", "0", "",
-               "8.5" };
-}
-
-void TestPalmImport::jfileValues()
-{
-    QFETCH(int, row);
-    QFETCH(QStringList, values);
-    TestHome home;
-    DataManager card(importSample(QStringLiteral("jfile-good.pdb")));
-    QVERIFY(card.load());
-    QCOMPARE(card.records().size(), 2);
-    const auto *record = static_cast<const DataRecord *>(card.records().at(row));
-    for (int i = 0; i < values.size(); ++i)
-        QCOMPARE(slotText(card, record, i), values.at(i));
+    const std::pair<int, const char *> expected[] = {
+        { 0, "Item|0||none|" }, // String, default by key a
+        { 1, "Qty|1|||" }, // after a dropped field
+        { 3, "Total|2|[F2] * [F1]||" }, // 70 through the map
+        { 4, "Twice|2|2 * [F1]||" }, // 71 constant
+        { 5, "Kind|9|||a;b" }, // popup, one item a value
+        { 6, "Tags|13||y;x|" }, // MultiList default keeps order
+        { 7, "No|14||12;10|" }, // Increment
+        { 12, "Odd|0|||" }, // unknown type
+        { 13, "Next|2|[F3!] + 1||" }, // 72 previous record
+    };
+    for (const auto &[index, text] : expected) {
+        const FieldDef field = card.field(index);
+        QCOMPARE(QStringLiteral("%1|%2|%3|%4|%5")
+                     .arg(field.title)
+                     .arg(field.type)
+                     .arg(field.formula, field.defaultValue, field.items.join(QLatin1Char(';'))),
+            QString::fromUtf8(text));
+    }
 }
 
 void TestPalmImport::jfileImportValue()

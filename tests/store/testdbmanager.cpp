@@ -22,8 +22,8 @@ private Q_SLOTS:
     void refresh_data();
     void refresh();
     void titleChangeMovesFile();
-    void moveIntoUnwritableFolderRestores();
-    void moveNeverOverwritesAnotherCard();
+    void failedMoveKeepsCard_data();
+    void failedMoveKeepsCard();
     void removal_data();
     void removal();
     void duplicateGivesNewIdentities();
@@ -106,18 +106,11 @@ void TestDBManager::deviceListFileForm()
         QVERIFY(list.createCard(newEntry(list, docs, QStringLiteral("Books"))));
         QVERIFY(list.createCard(newEntry(list, docs, QStringLiteral("Line|Two"))));
     }
-    const QByteArray expected = "FOLDER\n"
-                                "SORT=-1\n"
-                                "SORTORDER=1\n"
-                                "PERPAGE=15\n"
-                                "TOTAL=-1\n"
-                                "I="
-        + docs.toUtf8()
-        + "/Books.card\n"
-          "I="
-        + docs.toUtf8()
-        + "/Line|Two.card\n"
-          "END\n";
+    const QByteArray expected
+        = QStringLiteral("FOLDER\nSORT=-1\nSORTORDER=1\nPERPAGE=15\nTOTAL=-1\n"
+                         "I=%1/Books.card\nI=%1/Line|Two.card\nEND\n")
+              .arg(docs)
+              .toUtf8();
     const QString file = home.file(QStringLiteral("data/norvika/norvikaIDX"));
     QCOMPARE(fileBytes(file), expected);
 }
@@ -280,43 +273,44 @@ void TestDBManager::titleChangeMovesFile()
     QVERIFY(!text.contains("Old.card"));
 }
 
-void TestDBManager::moveIntoUnwritableFolderRestores()
+void TestDBManager::failedMoveKeepsCard_data()
 {
+    QTest::addColumn<bool>("taken");
+    // A folder below a regular file can't be made or written, even by the superuser.
+    QTest::newRow("folder below a file") << false;
+    QTest::newRow("another card in the way") << true;
+}
+
+// A move that can't be made leaves the entry, its file and any other card as they were.
+void TestDBManager::failedMoveKeepsCard()
+{
+    QFETCH(bool, taken);
     TestHome home;
     const QString docs = home.documents();
-    // A folder below a regular file can't be made or written, even by the superuser.
-    writeFile(docs + QStringLiteral("/blocker"), "file");
+    const QString target
+        = docs + (taken ? QStringLiteral("/other") : QStringLiteral("/blocker/sub"));
+    const QString theirPath = docs + QStringLiteral("/other/Stay.card");
+    if (taken) {
+        QDir().mkpath(docs + QStringLiteral("/other"));
+        makeCard(theirPath, QStringLiteral("9"), "theirs");
+    } else {
+        writeFile(docs + QStringLiteral("/blocker"), "file");
+    }
+    const QByteArray theirs = fileBytes(theirPath);
     DBManager list(false);
     list.load();
     DBRecord *record = newEntry(list, docs, QStringLiteral("Stay"));
     QVERIFY(list.createCard(record));
     const QString original = record->path();
 
-    editEntry(record, docs + QStringLiteral("/blocker/sub"), QStringLiteral("Moved"));
+    editEntry(record, target, taken ? QStringLiteral("Stay") : QStringLiteral("Moved"));
     QCOMPARE(record->path(), original);
     QCOMPARE(record->title(), QStringLiteral("Stay"));
     QVERIFY(list.isAvailable(record));
     QVERIFY(QFileInfo::exists(original));
+    QCOMPARE(fileBytes(theirPath), theirs);
     QVERIFY(list.isChanged());
     QCOMPARE(list.paths(), QStringList(original));
-}
-
-void TestDBManager::moveNeverOverwritesAnotherCard()
-{
-    TestHome home;
-    const QString docs = home.documents();
-    QDir().mkpath(docs + QStringLiteral("/other"));
-    makeCard(docs + QStringLiteral("/other/Same.card"), QStringLiteral("9"), "theirs");
-    const QByteArray theirs = fileBytes(docs + QStringLiteral("/other/Same.card"));
-    DBManager list(false);
-    list.load();
-    DBRecord *record = newEntry(list, docs, QStringLiteral("Same"));
-    QVERIFY(list.createCard(record));
-
-    editEntry(record, docs + QStringLiteral("/other"), QStringLiteral("Same"));
-    QCOMPARE(record->path(), docs + QStringLiteral("/Same.card"));
-    QCOMPARE(fileBytes(docs + QStringLiteral("/other/Same.card")), theirs);
-    QVERIFY(QFileInfo::exists(docs + QStringLiteral("/Same.card")));
 }
 
 void TestDBManager::removal_data()

@@ -25,10 +25,8 @@ private Q_SLOTS:
     void eleventhChangePostsOneSave();
     void viewInsertion_data();
     void viewInsertion();
-    void saveFailsOnUnwritableTarget_data();
-    void saveFailsOnUnwritableTarget();
-    void saveFailsOnFullDisk_data();
-    void saveFailsOnFullDisk();
+    void failedSaveKeepsOldFile_data();
+    void failedSaveKeepsOldFile();
     void damagedBinaryLoadsWholeRecords_data();
     void damagedBinaryLoadsWholeRecords();
     void loadTakesPendingNewFile();
@@ -84,24 +82,12 @@ void TestPIMManager::textFileLayout()
     record->setCreated(QDateTime(QDate(2004, 3, 7), QTime(18, 5, 9)));
     record->setUpdated(QDateTime(QDate(2004, 3, 7), QTime(18, 40, 0)));
     QVERIFY(manager.save());
-    const QByteArray expected = "FOLDER\n"
-                                "SYNCDATETIME=7 3 2004 18 5 9\n"
-                                "SORT=0\n"
-                                "SORTORDER=0\n"
-                                "PERPAGE=30\n"
-                                "PROP=a=x|y\n"
-                                "PROP=converted=2\n"
-                                "LASTCURRENT=6f1c2a34-8d0e-4b7a-9e21-3c5d7f901a2b\n"
-                                "TOTAL=1\n"
-                                "END\n"
-                                "T=Books\nI=\nD=\nP=\n"
-                                "UID="
+    const QByteArray expected = "FOLDER\nSYNCDATETIME=7 3 2004 18 5 9\nSORT=0\nSORTORDER=0\n"
+                                "PERPAGE=30\nPROP=a=x|y\nPROP=converted=2\n"
+                                "LASTCURRENT=6f1c2a34-8d0e-4b7a-9e21-3c5d7f901a2b\nTOTAL=1\nEND\n"
+                                "T=Books\nI=\nD=\nP=\nUID="
         + record->uidString().toLatin1()
-        + "\n"
-          "CREATED=7 3 2004 18 5 9\n"
-          "UPDATED=7 3 2004 18 40 0\n"
-          "PROP=k0=k\n"
-          "END\n";
+        + "\nCREATED=7 3 2004 18 5 9\nUPDATED=7 3 2004 18 40 0\nPROP=k0=k\nEND\n";
     QCOMPARE(fileBytes(manager.fullPath()), expected);
     QVERIFY(!QFile::exists(manager.fullPath() + QStringLiteral(".new")));
 
@@ -306,17 +292,24 @@ void TestPIMManager::viewInsertion()
     QCOMPARE(manager.count(), added.size() + 1);
 }
 
-void TestPIMManager::saveFailsOnUnwritableTarget_data()
+void TestPIMManager::failedSaveKeepsOldFile_data()
 {
     QTest::addColumn<QString>("how");
-    QTest::newRow("new file blocked by a folder") << "newIsFolder";
-    QTest::newRow("parent is a regular file") << "parentIsFile";
-    QTest::newRow("read-only folder") << "readOnlyFolder";
+    QTest::addColumn<int>("format");
+    const int text = PIMManager::TextFormat;
+    QTest::newRow("new file blocked by a folder") << "newIsFolder" << text;
+    QTest::newRow("parent is a regular file") << "parentIsFile" << text;
+    QTest::newRow("read-only folder") << "readOnlyFolder" << text;
+    QTest::newRow("full disk, text") << "fullDisk" << text;
+    QTest::newRow("full disk, binary") << "fullDisk" << int(PIMManager::BinaryFormat);
 }
 
-void TestPIMManager::saveFailsOnUnwritableTarget()
+// The disk is "full" through a file-size limit of the process.
+void TestPIMManager::failedSaveKeepsOldFile()
 {
     QFETCH(QString, how);
+    QFETCH(int, format);
+    const bool fullDisk = how == QLatin1String("fullDisk");
     TestHome home;
     const QString dir = home.file(QStringLiteral("cards"));
     QVERIFY(QDir().mkpath(dir));
@@ -326,7 +319,7 @@ void TestPIMManager::saveFailsOnUnwritableTarget()
         writeBytes(dir + QStringLiteral("/plain"), "x");
         path = dir + QStringLiteral("/plain/a.card");
     } else {
-        old = makeCard(path, PIMManager::TextFormat);
+        old = makeCard(path, format);
         QVERIFY(!old.isEmpty());
     }
     if (how == QLatin1String("newIsFolder"))
@@ -337,51 +330,33 @@ void TestPIMManager::saveFailsOnUnwritableTarget()
         QVERIFY(QFile::setPermissions(dir, QFileDevice::ReadOwner | QFileDevice::ExeOwner));
     }
 
-    KeyedManager manager(path);
-    manager.load();
-    manager.addKeyed(QStringLiteral("more"));
-    const bool saved = manager.save();
-    const QString error = manager.errorString();
+    KeyedManager manager(path, format);
+    const bool loaded = manager.load();
+    QVERIFY(loaded || old.isEmpty());
+    for (int i = 0; i < 50; ++i)
+        manager.addKeyed(filler(200));
+    bool saved = true;
+    QString error;
+    {
+        FileSizeLimit limit(fullDisk ? 4096 : RLIM_INFINITY);
+        saved = manager.save();
+        error = manager.errorString();
+    }
     const bool changed = manager.isChanged();
     QFile::setPermissions(
         dir, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
     QVERIFY(!saved);
     QVERIFY(changed);
     QVERIFY(!error.isEmpty());
+    if (fullDisk)
+        QVERIFY2(error.contains(QString::fromLocal8Bit(std::strerror(EFBIG))), qPrintable(error));
     QCOMPARE(fileBytes(path), old);
     if (how == QLatin1String("newIsFolder"))
         QVERIFY(QDir().rmdir(path + QStringLiteral(".new")));
-    QVERIFY(manager.save() || how == QLatin1String("parentIsFile"));
-}
-
-void TestPIMManager::saveFailsOnFullDisk_data()
-{
-    headerOnlySaveCopiesRecordPart_data();
-}
-
-// The disk is "full" through a file-size limit of the process.
-void TestPIMManager::saveFailsOnFullDisk()
-{
-    QFETCH(int, format);
-    TestHome home;
-    QString path;
-    const QByteArray old = makeCard(QStringLiteral("full"), format, &path);
-    KeyedManager manager(QStringLiteral("full"), format);
-    QVERIFY(manager.load());
-    for (int i = 0; i < 50; ++i)
-        manager.addKeyed(filler(200));
-    bool saved = true;
-    QString error;
-    {
-        FileSizeLimit limit(4096);
-        saved = manager.save();
-        error = manager.errorString();
-    }
-    QVERIFY(!saved);
-    QVERIFY(manager.isChanged());
-    QVERIFY2(error.contains(QString::fromLocal8Bit(std::strerror(EFBIG))), qPrintable(error));
-    QCOMPARE(fileBytes(path), old);
-    QVERIFY(!QFile::exists(path + QStringLiteral(".new")));
+    else
+        QVERIFY(!QFile::exists(path + QStringLiteral(".new")));
+    if (how == QLatin1String("parentIsFile"))
+        return;
     QVERIFY(manager.save());
     QVERIFY(fileBytes(path).size() > 4096);
 }

@@ -80,17 +80,14 @@ void TestPIMRecord::workedExampleByteForByte()
     QCOMPARE(textOf(record), QByteArray(workedExample));
 }
 
+// Line feeds and bars of a value are the escape's own table; here the name=value split.
 void TestPIMRecord::propertyLines_data()
 {
     QTest::addColumn<QString>("value");
     QTest::addColumn<QByteArray>("line");
     QTest::addColumn<QString>("readBack");
     QTest::newRow("empty value") << "" << QByteArray("PROP=name=\n") << "";
-    QTest::newRow("trailing line feed") << "a\n" << QByteArray("PROP=name=a|\n") << "a\n";
-    QTest::newRow("bar reads as line feed") << "a|b" << QByteArray("PROP=name=a|b\n") << "a\nb";
     QTest::newRow("equals survive") << "=a==b=" << QByteArray("PROP=name==a==b=\n") << "=a==b=";
-    QTest::newRow("utf-8") << QStringLiteral("ключ") << QStringLiteral("PROP=name=ключ\n").toUtf8()
-                           << QStringLiteral("ключ");
 }
 
 void TestPIMRecord::propertyLines()
@@ -106,7 +103,7 @@ void TestPIMRecord::propertyLines()
     QVERIFY(readText(copy, text));
     QVERIFY(copy.hasProperty(QStringLiteral("name")));
     QCOMPARE(copy.property(QStringLiteral("name")), readBack);
-    QCOMPARE(copy.property(QStringLiteral("name")).isNull(), false);
+    QVERIFY(!copy.property(QStringLiteral("name")).isNull());
 }
 
 void TestPIMRecord::categoriesLine_data()
@@ -208,15 +205,12 @@ void TestPIMRecord::lessThanWalksKeys_data()
     QTest::addColumn<QStringList>("theirs");
     QTest::addColumn<bool>("lessAscending");
     QTest::addColumn<bool>("equal");
-    QTest::newRow("lower first key") << QStringList { "a" } << QStringList { "b" } << true << false;
-    QTest::newRow("higher first key")
-        << QStringList { "b" } << QStringList { "a" } << false << false;
-    QTest::newRow("equal keys") << QStringList { "a", "b" } << QStringList { "a", "b" } << false
-                                << true;
-    QTest::newRow("greater first, lower second")
-        << QStringList { "b", "a" } << QStringList { "a", "b" } << true << false;
-    QTest::newRow("lower first, greater second")
-        << QStringList { "a", "b" } << QStringList { "b", "a" } << true << false;
+    const QStringList a { "a" }, b { "b" }, ab { "a", "b" }, ba { "b", "a" };
+    QTest::newRow("lower first key") << a << b << true << false;
+    QTest::newRow("higher first key") << b << a << false << false;
+    QTest::newRow("equal keys") << ab << ab << false << true;
+    QTest::newRow("greater first, lower second") << ba << ab << true << false;
+    QTest::newRow("lower first, greater second") << ab << ba << true << false;
     QTest::newRow("no keys") << QStringList() << QStringList() << false << true;
 }
 
