@@ -2,6 +2,7 @@
 #include "card/datarecord.h"
 #include "reminders/reminder.h"
 #include "store/binaryformat.h"
+#include "support/testcard.h"
 #include "support/testhome.h"
 
 #include <QDataStream>
@@ -23,23 +24,21 @@ private Q_SLOTS:
     void kindsStayApart();
 };
 
-static FieldDef makeField(int type, const QString &title = QString())
-{
-    FieldDef field;
-    field.type = type;
-    field.title = title.isEmpty() ? FieldDef::typeName(type) : title;
-    field.label = field.title;
-    return field;
-}
-
 static std::unique_ptr<DataManager> managerWith(const QList<int> &types, const TestHome &home)
 {
-    auto manager = std::make_unique<DataManager>(home.file(QStringLiteral("record.card")));
     QList<FieldDef> fields;
     for (int type : types)
-        fields.append(makeField(type));
-    manager->setFields(fields, true);
-    return manager;
+        fields.append(testField(type, FieldDef::typeName(type)));
+    return testCard(home.file(QStringLiteral("record.card")), fields);
+}
+
+static QByteArray written(const DataRecord &record)
+{
+    QByteArray bytes;
+    QDataStream out(&bytes, QIODevice::WriteOnly);
+    BinaryFormat::prepare(out);
+    record.write(out);
+    return bytes;
 }
 
 static const uuid_t fixedUid = { 0x00, 0x11, 0x22, 0x33, 0x44, 0x55, 0x66, 0x77, 0x88, 0x99, 0xaa,
@@ -74,10 +73,6 @@ void TestDataRecord::binaryLayout()
     auto manager = managerWith(layoutTypes, home);
     DataRecord record(manager.get());
     fillLayoutRecord(record);
-    QByteArray bytes;
-    QDataStream out(&bytes, QIODevice::WriteOnly);
-    BinaryFormat::prepare(out);
-    record.write(out);
 
     const QByteArray stamp = "00256e50"
                              "03e17c08"; // Julian day 2453072, 65109000 ms
@@ -97,7 +92,7 @@ void TestDataRecord::binaryLayout()
         + "00000000"
           "00000001"
           "00000002"; // reminder
-    QCOMPARE(bytes.toHex(), expected);
+    QCOMPARE(written(record).toHex(), expected);
 }
 
 void TestDataRecord::truncatedRecordStopsReading_data()
@@ -116,12 +111,7 @@ void TestDataRecord::truncatedRecordStopsReading()
     auto manager = managerWith(layoutTypes, home);
     DataRecord record(manager.get());
     fillLayoutRecord(record);
-    QByteArray bytes;
-    {
-        QDataStream out(&bytes, QIODevice::WriteOnly);
-        BinaryFormat::prepare(out);
-        record.write(out);
-    }
+    QByteArray bytes = written(record);
     bytes.truncate(keep < 0 ? bytes.size() + keep : keep);
     QDataStream in(bytes);
     BinaryFormat::prepare(in);
@@ -148,8 +138,7 @@ void TestDataRecord::textsSurviveChanges()
 {
     QFETCH(QStringList, changes);
     TestHome home;
-    const QList<int> types(4, FieldDef::String);
-    auto manager = managerWith(types, home);
+    auto manager = managerWith(QList<int>(4, FieldDef::String), home);
     DataRecord record(manager.get());
     QList<QString> expected(4);
     QList<bool> set(4, false);
@@ -160,10 +149,7 @@ void TestDataRecord::textsSurviveChanges()
         expected[i] = text;
         set[i] = true;
     }
-    QByteArray bytes;
-    QDataStream out(&bytes, QIODevice::WriteOnly);
-    BinaryFormat::prepare(out);
-    record.write(out);
+    const QByteArray bytes = written(record);
     QDataStream in(bytes);
     BinaryFormat::prepare(in);
     DataRecord read(manager.get(), DataRecord::Blank);

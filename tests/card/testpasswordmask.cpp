@@ -7,55 +7,47 @@ class TestPasswordMask : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void knownForms_data();
-    void knownForms();
-    void roundTrip_data();
-    void roundTrip();
+    void masking_data();
+    void masking();
     void damagedTextIsAbsorbed_data();
     void damagedTextIsAbsorbed();
 };
 
-// Worked out by hand from the masking rule; a change here breaks every locked card.
-void TestPasswordMask::knownForms_data()
+// Masked: worked out by hand from the masking rule, as a change there breaks every locked
+// card; null where only the round trip is checked.
+void TestPasswordMask::masking_data()
 {
     QTest::addColumn<QString>("password");
     QTest::addColumn<QString>("masked");
-    QTest::newRow("empty") << QString() << QString();
+    const QString any;
+    QTest::newRow("empty") << QString() << QStringLiteral("");
     QTest::newRow("one letter") << QStringLiteral("A") << QStringLiteral("frs2cg");
     QTest::newRow("two letters") << QStringLiteral("ab") << QStringLiteral("frs2bkg3ti4wz");
     QTest::newRow("negative number")
         << QStringLiteral("Zz9") << QStringLiteral("frs2d7h-1kyb6ogk322ql");
     QTest::newRow("cyrillic") << QStringLiteral("ключ")
                               << QStringLiteral("frs1i3h-hfvlj3g5jrh3kg6anazn");
+    QTest::newRow("latin") << QStringLiteral("secret") << any;
+    QTest::newRow("digits and signs") << QStringLiteral("p@ss w0rd!;=|") << any;
+    QTest::newRow("accented") << QStringLiteral("Ærøskøbing") << any;
+    QTest::newRow("greek") << QStringLiteral("κωδικός") << any;
+    QTest::newRow("cjk") << QStringLiteral("密码鍵") << any;
+    QTest::newRow("surrogate pairs") << QStringLiteral("🔑🗝x") << any;
+    QTest::newRow("control and max unit")
+        << QString(QStringLiteral("\x01\n")) + QChar(0xFFFF) << any;
+    QTest::newRow("long") << QStringLiteral("abcdefghij").repeated(20) << any;
 }
 
-void TestPasswordMask::knownForms()
+void TestPasswordMask::masking()
 {
     QFETCH(QString, password);
     QFETCH(QString, masked);
-    QCOMPARE(PasswordMask::scramble(password), masked);
-    QCOMPARE(PasswordMask::unscramble(masked), password);
-}
-
-void TestPasswordMask::roundTrip_data()
-{
-    QTest::addColumn<QString>("password");
-    QTest::newRow("latin") << QStringLiteral("secret");
-    QTest::newRow("digits and signs") << QStringLiteral("p@ss w0rd!;=|");
-    QTest::newRow("accented") << QStringLiteral("Ærøskøbing");
-    QTest::newRow("greek") << QStringLiteral("κωδικός");
-    QTest::newRow("cjk") << QStringLiteral("密码鍵");
-    QTest::newRow("surrogate pairs") << QStringLiteral("🔑🗝x");
-    QTest::newRow("control and max unit") << QString(QStringLiteral("\x01\n")) + QChar(0xFFFF);
-    QTest::newRow("long") << QStringLiteral("abcdefghij").repeated(20);
-}
-
-void TestPasswordMask::roundTrip()
-{
-    QFETCH(QString, password);
-    const QString masked = PasswordMask::scramble(password);
-    QVERIFY(!masked.contains(password.left(3)));
-    QCOMPARE(PasswordMask::unscramble(masked), password);
+    const QString scrambled = PasswordMask::scramble(password);
+    if (!masked.isNull())
+        QCOMPARE(scrambled, masked);
+    if (!password.isEmpty())
+        QVERIFY(!scrambled.contains(password.left(3)));
+    QCOMPARE(PasswordMask::unscramble(scrambled), password);
 }
 
 void TestPasswordMask::damagedTextIsAbsorbed_data()
@@ -72,8 +64,7 @@ void TestPasswordMask::damagedTextIsAbsorbed_data()
 void TestPasswordMask::damagedTextIsAbsorbed()
 {
     QFETCH(QString, masked);
-    QFETCH(QString, readable);
-    QCOMPARE(PasswordMask::unscramble(masked), readable);
+    QTEST(PasswordMask::unscramble(masked), "readable");
 }
 
 QTEST_GUILESS_MAIN(TestPasswordMask)

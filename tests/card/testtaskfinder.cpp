@@ -70,25 +70,20 @@ void TestTaskFinder::find_data()
     // Cards in the list's order: "open" is the open card, "gone" has no file, "damaged" is
     // cut short, "locked" has a password, "calculated" a formula; "hit" holds the UID.
     const QStringList all { "open", "gone", "damaged", "locked", "calculated", "plain" };
-    QTest::newRow("open card first") << all << "open"
-                                     << "open";
-    QTest::newRow("past a gone and a damaged card")
-        << QStringList { "open", "gone", "damaged", "calculated", "hit" } << "hit"
-        << "hit";
-    QTest::newRow("locked card, no password asked") << all << "locked"
-                                                    << "locked";
-    QTest::newRow("no open card") << QStringList { "plain", "hit" } << "hit"
-                                  << "hit";
-    QTest::newRow("UID in no card") << all << "absent"
-                                    << "";
-    QTest::newRow("short UID") << all << "short"
-                               << "";
-    QTest::newRow("over-long UID") << all << "long"
-                                   << "";
-    QTest::newRow("garbage") << all << "garbage"
-                             << "";
-    QTest::newRow("empty") << all << "empty"
-                           << "";
+    const auto row
+        = [](const char *name, const QStringList &cards, const char *uid, const char *found) {
+              QTest::newRow(name) << cards << QString(uid) << QString(found);
+          };
+    row("open card first", all, "open", "open");
+    row("past a gone and a damaged card", { "open", "gone", "damaged", "calculated", "hit" }, "hit",
+        "hit");
+    row("locked card, no password asked", all, "locked", "locked");
+    row("no open card", { "plain", "hit" }, "hit", "hit");
+    row("UID in no card", all, "absent", "");
+    row("short UID", all, "short", "");
+    row("over-long UID", all, "long", "");
+    row("garbage", all, "garbage", "");
+    row("empty", all, "empty", "");
 }
 
 void TestTaskFinder::find()

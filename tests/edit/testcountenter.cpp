@@ -13,18 +13,13 @@ class TestCountEnter : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void dialog_data();
-    void dialog();
-    void popup_data();
-    void popup();
-    void rangeStartsAtOne_data();
-    void rangeStartsAtOne();
+    void answers_data();
+    void answers();
 
 private:
     // Answers the window: "" leaves it by Escape, "type:N" types N and takes it with "Ok",
     // any other text is the name of the button to press.
     static void answer(QWidget *window, const QString &action);
-    static void addRows();
 };
 
 void TestCountEnter::answer(QWidget *window, const QString &action)
@@ -41,65 +36,39 @@ void TestCountEnter::answer(QWidget *window, const QString &action)
     }
 }
 
-void TestCountEnter::addRows()
+void TestCountEnter::answers_data()
 {
+    QTest::addColumn<bool>("popup");
+    QTest::addColumn<int>("value");
     QTest::addColumn<QString>("action");
     QTest::addColumn<int>("result");
 
-    QTest::newRow("3") << "btn3" << 3;
-    QTest::newRow("typed and ok") << "type:42" << 42;
-    QTest::newRow("escape keeps the value") << "" << 7;
+    for (const bool popup : { false, true }) {
+        const char *form = popup ? "popup" : "dialog";
+        QTest::addRow("%s: 3", form) << popup << 7 << "btn3" << 3;
+        QTest::addRow("%s: typed and ok", form) << popup << 7 << "type:42" << 42;
+        QTest::addRow("%s: escape keeps the value", form) << popup << 7 << "" << 7;
+    }
+    // The range starts at one.
+    QTest::newRow("zero") << false << 0 << "btnOk" << 1;
+    QTest::newRow("past the top") << false << 10000 << "btnOk" << 9999;
 }
 
-void TestCountEnter::dialog_data()
+void TestCountEnter::answers()
 {
-    addRows();
-}
-
-void TestCountEnter::dialog()
-{
-    QFETCH(QString, action);
-    QFETCH(int, result);
-
-    CountEnterDialog dialog(QStringLiteral("Count"));
-    whenShown<CountEnterDialog>([action](CountEnterDialog *shown) { answer(shown, action); });
-    QCOMPARE(dialog.exec(7, QStringLiteral("pcs")), result);
-}
-
-void TestCountEnter::popup_data()
-{
-    addRows();
-}
-
-void TestCountEnter::popup()
-{
-    QFETCH(QString, action);
-    QFETCH(int, result);
-
-    CountEnterPopup popup;
-    whenShown<CountEnterPopup>([action](CountEnterPopup *shown) { answer(shown, action); });
-    QCOMPARE(popup.exec(QPoint(20, 30), 7, QStringLiteral("pcs")), result);
-}
-
-void TestCountEnter::rangeStartsAtOne_data()
-{
-    QTest::addColumn<int>("value");
-    QTest::addColumn<int>("result");
-
-    QTest::newRow("zero") << 0 << 1;
-    QTest::newRow("past the top") << 10000 << 9999;
-}
-
-void TestCountEnter::rangeStartsAtOne()
-{
+    QFETCH(bool, popup);
     QFETCH(int, value);
-    QFETCH(int, result);
+    QFETCH(QString, action);
 
-    CountEnterDialog dialog(QStringLiteral("Count"));
-    whenShown<CountEnterDialog>([](CountEnterDialog *shown) {
-        shown->findChild<QPushButton *>(QStringLiteral("btnOk"))->click();
-    });
-    QCOMPARE(dialog.exec(value, QString()), result);
+    if (popup) {
+        CountEnterPopup window;
+        whenShown<CountEnterPopup>([action](CountEnterPopup *shown) { answer(shown, action); });
+        QTEST(window.exec(QPoint(20, 30), value, QStringLiteral("pcs")), "result");
+    } else {
+        CountEnterDialog dialog(QStringLiteral("Count"));
+        whenShown<CountEnterDialog>([action](CountEnterDialog *shown) { answer(shown, action); });
+        QTEST(dialog.exec(value, QStringLiteral("pcs")), "result");
+    }
 }
 
 QTEST_MAIN(TestCountEnter)

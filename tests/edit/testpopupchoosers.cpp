@@ -28,9 +28,7 @@ private Q_SLOTS:
     void keptInside();
 
 private:
-    // Sets the pop-up's editor, then presses action: "button<n>" or "escape".
-    template <class Editor>
-    static void answer(const std::function<void(Editor *)> &edit, const QString &action);
+    // Presses action on the pop-up: "button<n>" or "escape".
     static void press(PopupDialog *popup, const QString &action);
 };
 
@@ -40,16 +38,6 @@ void TestPopupChoosers::press(PopupDialog *popup, const QString &action)
         QTest::keyClick(popup, Qt::Key_Escape);
     else
         popup->findChild<QPushButton *>(action)->click();
-}
-
-template <class Editor>
-void TestPopupChoosers::answer(const std::function<void(Editor *)> &edit, const QString &action)
-{
-    whenShown<PopupDialog>([edit, action](PopupDialog *popup) {
-        if (edit)
-            edit(popup->findChild<Editor *>(QStringLiteral("editor")));
-        press(popup, action);
-    });
 }
 
 void TestPopupChoosers::editDate_data()
@@ -75,18 +63,15 @@ void TestPopupChoosers::editDate()
     QFETCH(QDate, date);
     QFETCH(QDate, typed);
     QFETCH(QString, action);
-    QFETCH(bool, changed);
-    QFETCH(QDate, result);
 
     TestHome home;
-    answer<MLDateEdit>(
-        [typed](MLDateEdit *edit) {
-            if (typed.isValid())
-                edit->setDate(typed);
-        },
-        action);
-    QCOMPARE(::editDate(nullptr, QPoint(10, 10), date), changed);
-    QCOMPARE(date, result);
+    whenShown<PopupDialog>([typed, action](PopupDialog *popup) {
+        if (typed.isValid())
+            popup->findChild<MLDateEdit *>(QStringLiteral("editor"))->setDate(typed);
+        press(popup, action);
+    });
+    QTEST(::editDate(nullptr, QPoint(10, 10), date), "changed");
+    QTEST(date, "result");
 }
 
 void TestPopupChoosers::chooseFromList_data()
@@ -97,27 +82,21 @@ void TestPopupChoosers::chooseFromList_data()
     QTest::addColumn<bool>("changed");
     QTest::addColumn<QString>("result");
 
-    QTest::newRow("click another") << "Bergen"
-                                   << "click:Oslo"
-                                   << "Bergen" << true << "Oslo";
-    QTest::newRow("move and return") << "Oslo"
-                                     << "down,return"
-                                     << "Oslo" << true << "Bergen";
-    QTest::newRow("dismissed") << "Bergen"
-                               << "escape"
-                               << "Bergen" << false << "Bergen";
-    QTest::newRow("text not in the list") << "Narvik"
-                                          << "click:Oslo"
-                                          << "" << true << "Oslo";
+    const auto row = [](const char *name, const char *text, const char *action,
+                         const char *selected, bool changed, const char *result) {
+        QTest::newRow(name) << QString(text) << QString(action) << QString(selected) << changed
+                            << QString(result);
+    };
+    row("click another", "Bergen", "click:Oslo", "Bergen", true, "Oslo");
+    row("move and return", "Oslo", "down,return", "Oslo", true, "Bergen");
+    row("dismissed", "Bergen", "escape", "Bergen", false, "Bergen");
+    row("text not in the list", "Narvik", "click:Oslo", "", true, "Oslo");
 }
 
 void TestPopupChoosers::chooseFromList()
 {
     QFETCH(QString, text);
     QFETCH(QString, action);
-    QFETCH(QString, selected);
-    QFETCH(bool, changed);
-    QFETCH(QString, result);
 
     TestHome home;
     MRLPIM::saveDataList(QStringLiteral("towns"),
@@ -140,9 +119,9 @@ void TestPopupChoosers::chooseFromList()
             press(popup, action);
         }
     });
-    QCOMPARE(::chooseFromList(nullptr, QPoint(10, 10), text, QStringLiteral("towns")), changed);
-    QCOMPARE(text, result);
-    QCOMPARE(shownSelected, selected);
+    QTEST(::chooseFromList(nullptr, QPoint(10, 10), text, QStringLiteral("towns")), "changed");
+    QTEST(text, "result");
+    QTEST(shownSelected, "selected");
 }
 
 void TestPopupChoosers::editText_data()
@@ -152,20 +131,19 @@ void TestPopupChoosers::editText_data()
     QTest::addColumn<bool>("changed");
     QTest::addColumn<QString>("result");
 
-    QTest::newRow("typed, close") << " more"
-                                  << "button1" << true << "Some text more";
-    QTest::newRow("untouched, close") << ""
-                                      << "button1" << false << "Some text";
-    QTest::newRow("typed, escape") << "!"
-                                   << "escape" << true << "Some text!";
+    const auto row = [](const char *name, const char *typed, const char *action, bool changed,
+                         const char *result) {
+        QTest::newRow(name) << QString(typed) << QString(action) << changed << QString(result);
+    };
+    row("typed, close", " more", "button1", true, "Some text more");
+    row("untouched, close", "", "button1", false, "Some text");
+    row("typed, escape", "!", "escape", true, "Some text!");
 }
 
 void TestPopupChoosers::editText()
 {
     QFETCH(QString, typed);
     QFETCH(QString, action);
-    QFETCH(bool, changed);
-    QFETCH(QString, result);
 
     QString title;
     whenShown<PopupDialog>([&](PopupDialog *popup) {
@@ -176,8 +154,8 @@ void TestPopupChoosers::editText()
         press(popup, action);
     });
     QString text = QStringLiteral("Some text");
-    QCOMPARE(::editText(nullptr, QStringLiteral("Notes"), text), changed);
-    QCOMPARE(text, result);
+    QTEST(::editText(nullptr, QStringLiteral("Notes"), text), "changed");
+    QTEST(text, "result");
     QCOMPARE(title, QStringLiteral("Notes"));
 }
 
@@ -194,8 +172,7 @@ void TestPopupChoosers::keptInside_data()
 void TestPopupChoosers::keptInside()
 {
     QFETCH(QPoint, pos);
-    QFETCH(QPoint, placed);
-    QCOMPARE(PopupDialog::keptInside(pos, QSize(100, 50), QRect(0, 0, 640, 480)), placed);
+    QTEST(PopupDialog::keptInside(pos, QSize(100, 50), QRect(0, 0, 640, 480)), "placed");
 }
 
 QTEST_MAIN(TestPopupChoosers)

@@ -82,16 +82,12 @@ void TestReminder::textReading_data()
 void TestReminder::textReading()
 {
     QFETCH(QString, block);
-    QFETCH(bool, closed);
-    QFETCH(bool, sound);
-    QFETCH(bool, led);
-    QFETCH(int, type);
     QTextStream in(&block);
     Reminder read;
-    QCOMPARE(read.read(in), closed);
-    QCOMPARE(read.sound, sound);
-    QCOMPARE(read.led, led);
-    QCOMPARE(read.type, type);
+    QTEST(read.read(in), "closed");
+    QTEST(read.sound, "sound");
+    QTEST(read.led, "led");
+    QTEST(read.type, "type");
     QVERIFY(!read.dateTime.isValid());
 }
 
