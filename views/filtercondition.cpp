@@ -43,15 +43,6 @@ QStringList FilterCondition::operatorLabels(int fieldType)
     }
 }
 
-QStringList FilterCondition::operatorLabelsFor(int field, const QList<FieldDef> &fields)
-{
-    if (field == AllTextFields)
-        return operatorLabels(FieldDef::String);
-    if (field < 0 || field >= fields.size())
-        return {};
-    return operatorLabels(fields.at(field).type);
-}
-
 QString FilterCondition::operatorLabel(int fieldType, int op)
 {
     return operatorLabels(fieldType).value(op);

@@ -62,7 +62,6 @@ public:
     // The labels of the condition chooser, in code order, for a field type; the text
     // operators also serve "All Text Fields". An unknown type has none.
     static QStringList operatorLabels(int fieldType);
-    static QStringList operatorLabelsFor(int field, const QList<FieldDef> &fields);
     // The label of one code, or the null string if the type has no such operator.
     static QString operatorLabel(int fieldType, int op);
     static QString allTextFieldsTitle();

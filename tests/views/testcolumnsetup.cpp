@@ -161,16 +161,14 @@ void TestColumnSetup::escapeAsksWhenEdited_data()
     QTest::addColumn<QString>("edit"); // the widget the user changes before Escape
     QTest::addColumn<QString>("answer"); // the button pressed on the question; none expected
     QTest::addColumn<bool>("closed");
-    QTest::newRow("untouched closes at once") << ""
-                                              << "" << true;
-    QTest::newRow("renamed, discarded") << "vname"
-                                        << "button1" << true;
-    QTest::newRow("renamed, kept") << "vname"
-                                   << "button2" << false;
-    QTest::newRow("column added, kept") << "btnGet"
-                                        << "button2" << false;
-    QTest::newRow("order changed, discarded") << "order"
-                                              << "button1" << true;
+    const auto row = [](const char *name, const char *edit, const char *answer, bool closed) {
+        QTest::newRow(name) << QString(edit) << QString(answer) << closed;
+    };
+    row("untouched closes at once", "", "", true);
+    row("renamed, discarded", "vname", "button1", true);
+    row("renamed, kept", "vname", "button2", false);
+    row("column added, kept", "btnGet", "button2", false);
+    row("order changed, discarded", "order", "button1", true);
 }
 
 void TestColumnSetup::escapeAsksWhenEdited()

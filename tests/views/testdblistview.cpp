@@ -71,10 +71,9 @@ void TestDBListView::cells_data()
     QTest::addColumn<int>("descriptionIcon");
     QTest::addColumn<int>("lockIcon");
 
-    QTest::newRow("plain") << ""
-                           << "" << 0 << 0;
-    QTest::newRow("both") << "notes"
-                          << "pw" << int(DBListView::DocumentIcon) << int(DBListView::LockIcon);
+    QTest::newRow("plain") << QString() << QString() << 0 << 0;
+    QTest::newRow("both") << QStringLiteral("notes") << QStringLiteral("pw")
+                          << int(DBListView::DocumentIcon) << int(DBListView::LockIcon);
 }
 
 void TestDBListView::cells()

@@ -70,10 +70,7 @@ QByteArray bytesOf(const FilterDef &filter)
 
 bool readBytes(const QByteArray &bytes, FilterDef &filter)
 {
-    QByteArray copy = bytes;
-    QBuffer buffer(&copy);
-    buffer.open(QIODevice::ReadOnly);
-    QDataStream stream(&buffer);
+    QDataStream stream(bytes);
     BinaryFormat::prepare(stream);
     return filter.read(stream);
 }
@@ -92,6 +89,7 @@ void TestFilterDef::allConditionsMustHold_data()
     const FilterCondition five = condition(1, FilterCondition::Equals, QString(), 5);
     const FilterCondition six = condition(1, FilterCondition::Equals, QString(), 6);
     QTest::newRow("no conditions") << QList<FilterCondition>() << true;
+    QTest::newRow("all hold") << QList<FilterCondition> { paris, five } << true;
     QTest::newRow("one fails") << QList<FilterCondition> { rome } << false;
     QTest::newRow("second fails") << QList<FilterCondition> { paris, six } << false;
 }

@@ -101,26 +101,21 @@ void TestFilterEditorDialog::storedCondition_data()
     QTest::addColumn<int>("number");
     QTest::addColumn<double>("real");
     QTest::addColumn<QString>("shown");
-    QTest::newRow("String") << int(FieldDef::String) << "Ab"
-                            << "Ab" << 0 << 0.0 << "Ab";
-    QTest::newRow("Integer truncates") << int(FieldDef::Integer) << "3.9"
-                                       << "" << 3 << 0.0 << "3";
-    QTest::newRow("Integer no number") << int(FieldDef::Integer) << "abc"
-                                       << "" << 0 << 0.0 << "0";
-    QTest::newRow("Integer clamps") << int(FieldDef::Integer) << "1e30"
-                                    << "" << INT_MAX << 0.0 << QString::number(INT_MAX);
-    QTest::newRow("Integer not finite") << int(FieldDef::Integer) << "inf"
-                                        << "" << 0 << 0.0 << "0";
-    QTest::newRow("Double") << int(FieldDef::Double) << "2.125"
-                            << "" << 0 << 2.125 << "2.125";
-    QTest::newRow("Double not finite") << int(FieldDef::Double) << "nan"
-                                       << "" << 0 << 0.0 << "0";
-    QTest::newRow("Bool No") << int(FieldDef::Bool) << "1"
-                             << "" << 1 << 0.0 << "No";
-    QTest::newRow("Image Yes") << int(FieldDef::Image) << "0"
-                               << "" << 0 << 0.0 << "Yes";
-    QTest::newRow("Count") << int(FieldDef::Count) << "7"
-                           << "" << 7 << 0.0 << "7";
+    const auto row = [](const char *name, int type, const char *typed, const char *text, int number,
+                         double real, const QString &shown) {
+        QTest::newRow(name) << type << QString(typed) << QString(text) << number << real << shown;
+    };
+    using F = FieldDef;
+    row("String", F::String, "Ab", "Ab", 0, 0.0, "Ab");
+    row("Integer truncates", F::Integer, "3.9", "", 3, 0.0, "3");
+    row("Integer no number", F::Integer, "abc", "", 0, 0.0, "0");
+    row("Integer clamps", F::Integer, "1e30", "", INT_MAX, 0.0, QString::number(INT_MAX));
+    row("Integer not finite", F::Integer, "inf", "", 0, 0.0, "0");
+    row("Double", F::Double, "2.125", "", 0, 2.125, "2.125");
+    row("Double not finite", F::Double, "nan", "", 0, 0.0, "0");
+    row("Bool No", F::Bool, "1", "", 1, 0.0, "No");
+    row("Image Yes", F::Image, "0", "", 0, 0.0, "Yes");
+    row("Count", F::Count, "7", "", 7, 0.0, "7");
 }
 
 void TestFilterEditorDialog::storedCondition()
@@ -291,21 +286,18 @@ void TestFilterEditorDialog::escapeAsksWhenEdited_data()
     QTest::addColumn<QString>("edit"); // the widget the user changes before Escape
     QTest::addColumn<QString>("answer"); // the button pressed on the question; none expected
     QTest::addColumn<bool>("closed");
+    const auto row
+        = [](const char *name, int index, const char *edit, const char *answer, bool closed) {
+              QTest::newRow(name) << index << QString(edit) << QString(answer) << closed;
+          };
     const int stored = 0;
     const int added = FilterEditorDialog::NewFilter;
-    const int find = FilterEditorDialog::Find;
-    QTest::newRow("untouched filter") << stored << ""
-                                      << "" << true;
-    QTest::newRow("renamed, discarded") << stored << "fname"
-                                        << "button1" << true;
-    QTest::newRow("renamed, kept") << stored << "fname"
-                                   << "button2" << false;
-    QTest::newRow("value typed in a new filter, kept") << added << "val"
-                                                       << "button2" << false;
-    QTest::newRow("condition added, discarded") << added << "btnAdd"
-                                                << "button1" << true;
-    QTest::newRow("find drops its text unasked") << find << "val"
-                                                 << "" << true;
+    row("untouched filter", stored, "", "", true);
+    row("renamed, discarded", stored, "fname", "button1", true);
+    row("renamed, kept", stored, "fname", "button2", false);
+    row("value typed in a new filter, kept", added, "val", "button2", false);
+    row("condition added, discarded", added, "btnAdd", "button1", true);
+    row("find drops its text unasked", FilterEditorDialog::Find, "val", "", true);
 }
 
 void TestFilterEditorDialog::escapeAsksWhenEdited()

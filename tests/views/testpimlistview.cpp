@@ -88,47 +88,27 @@ private Q_SLOTS:
     void newRecordOnOtherPageMovesThere();
     void readColumnsFromSettings();
     void managerGoneClearsList();
-    void tapActivatesTouchedCell();
-    void pressAndHoldPopsUpOnce();
+    void touch_data();
+    void touch();
     void rowHeightIgnoresColumns_data();
     void rowHeightIgnoresColumns();
 
 private:
+    // A home, a manager of the given number of keyed records, and a paged list showing it.
     struct Bound {
+        explicit Bound(int records)
+            : manager(std::make_unique<KeyedManager>(home.path()))
+        {
+            manager->fill(records);
+            list->setManager(manager.get(), true);
+            list->setColumns({ 0, 2 });
+            list->setPaged(true);
+        }
+        TestHome home;
         std::unique_ptr<KeyedManager> manager;
-        std::unique_ptr<KeyList> list;
+        std::unique_ptr<KeyList> list = std::make_unique<KeyList>();
     };
-    static Bound bind(const TestHome &home, int records, bool paged = true);
-    static QPoint cellCenter(PIMListView &list, int row, int column);
-    // Puts the pointer on a cell of the shown list and presses there.
-    static QPoint pressCell(PIMListView &list, int row, int column);
 };
-
-TestPIMListView::Bound TestPIMListView::bind(const TestHome &home, int records, bool paged)
-{
-    Bound bound { std::make_unique<KeyedManager>(home.path()), std::make_unique<KeyList>() };
-    bound.manager->fill(records);
-    bound.list->setManager(bound.manager.get(), true);
-    bound.list->setColumns({ 0, 2 });
-    bound.list->setPaged(paged);
-    return bound;
-}
-
-QPoint TestPIMListView::cellCenter(PIMListView &list, int row, int column)
-{
-    QRect rect = list.visualItemRect(list.itemAtRow(row));
-    rect.setLeft(list.header()->sectionViewportPosition(column));
-    rect.setWidth(list.header()->sectionSize(column));
-    return rect.center();
-}
-
-QPoint TestPIMListView::pressCell(PIMListView &list, int row, int column)
-{
-    const QPoint point = cellCenter(list, row, column);
-    QCursor::setPos(list.viewport()->mapToGlobal(point));
-    QTest::mousePress(list.viewport(), Qt::LeftButton, {}, point);
-    return point;
-}
 
 void TestPIMListView::pageBar_data()
 {
@@ -150,8 +130,7 @@ void TestPIMListView::pageBar()
     QFETCH(bool, back);
     QFETCH(bool, forward);
     QFETCH(int, rows);
-    TestHome home;
-    Bound bound = bind(home, records);
+    Bound bound(records);
     KeyList &list = *bound.list;
 
     QCOMPARE(list.findChild<QLabel *>(QStringLiteral("pageLabel"))->text(), label);
@@ -163,8 +142,7 @@ void TestPIMListView::pageBar()
 
 void TestPIMListView::pagesComeInAscendingOrder()
 {
-    TestHome home;
-    Bound bound = bind(home, 40);
+    Bound bound(40);
     KeyList &list = *bound.list;
     QCOMPARE(rowKeys(list), keyRange(0, 15));
     QCOMPARE(currentKey(list), KeyedManager::key(0));
@@ -186,8 +164,7 @@ void TestPIMListView::pagesComeInAscendingOrder()
 
 void TestPIMListView::removalPullsNextPageUp()
 {
-    TestHome home;
-    Bound bound = bind(home, 40);
+    Bound bound(40);
     KeyList &list = *bound.list;
     QAbstractItemModelTester tester(
         list.model(), QAbstractItemModelTester::FailureReportingMode::QtTest);
@@ -210,8 +187,7 @@ void TestPIMListView::removalPullsNextPageUp()
 
 void TestPIMListView::removalOfLastRowOfLastPage()
 {
-    TestHome home;
-    Bound bound = bind(home, 16);
+    Bound bound(16);
     KeyList &list = *bound.list;
     list.gotoLastPage();
     QCOMPARE(rowKeys(list), keyRange(15, 1));
@@ -233,8 +209,7 @@ void TestPIMListView::removalOfLastRowOfLastPage()
 
 void TestPIMListView::newRecordOnOtherPageMovesThere()
 {
-    TestHome home;
-    Bound bound = bind(home, 40);
+    Bound bound(40);
     KeyList &list = *bound.list;
     QSignalSpy selected(&list, &PIMListView::selected);
 
@@ -263,8 +238,7 @@ void TestPIMListView::readColumnsFromSettings()
 
 void TestPIMListView::managerGoneClearsList()
 {
-    TestHome home;
-    Bound bound = bind(home, 20);
+    Bound bound(20);
     KeyList &list = *bound.list;
     bound.manager.reset();
     QVERIFY(!list.manager());
@@ -274,33 +248,25 @@ void TestPIMListView::managerGoneClearsList()
     QCOMPARE(list.itemCount(), 0);
 }
 
-void TestPIMListView::tapActivatesTouchedCell()
+void TestPIMListView::touch_data()
 {
-    TestHome home;
-    Bound bound = bind(home, 20);
-    KeyList &list = *bound.list;
-    list.resize(400, 400);
-    list.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&list));
-    QSignalSpy activate(&list, qOverload<const QPoint &, PIMRecord *, int>(&PIMListView::activate));
-    QSignalSpy popup(&list, qOverload<const QPoint &, PIMRecord *, int>(&PIMListView::popup));
-
-    const QPoint point = pressCell(list, 3, 1);
-    QCoreApplication::processEvents();
-    QTest::mouseRelease(list.viewport(), Qt::LeftButton, {}, point);
-    QCoreApplication::processEvents();
-
-    QCOMPARE(activate.count(), 1);
-    QCOMPARE(activate.at(0).at(1).value<PIMRecord *>(), bound.manager->at(3));
-    QCOMPARE(activate.at(0).at(2).toInt(), 2);
-    QCOMPARE(activate.at(0).at(0).toPoint(), QCursor::pos());
-    QCOMPARE(popup.count(), 0);
+    QTest::addColumn<bool>("hold");
+    QTest::addColumn<int>("row");
+    QTest::addColumn<int>("column");
+    QTest::addColumn<int>("field"); // the list shows fields 0 and 2
+    QTest::newRow("tap activates the touched cell") << false << 3 << 1 << 2;
+    QTest::newRow("press and hold pops up once") << true << 5 << 0 << 0;
 }
 
-void TestPIMListView::pressAndHoldPopsUpOnce()
+// A tap activates the cell under the pointer; a hold pops up, and the release after it is
+// no tap.
+void TestPIMListView::touch()
 {
-    TestHome home;
-    Bound bound = bind(home, 20);
+    QFETCH(bool, hold);
+    QFETCH(int, row);
+    QFETCH(int, column);
+    QFETCH(int, field);
+    Bound bound(20);
     KeyList &list = *bound.list;
     list.resize(400, 400);
     list.show();
@@ -308,16 +274,24 @@ void TestPIMListView::pressAndHoldPopsUpOnce()
     QSignalSpy activate(&list, qOverload<const QPoint &, PIMRecord *, int>(&PIMListView::activate));
     QSignalSpy popup(&list, qOverload<const QPoint &, PIMRecord *, int>(&PIMListView::popup));
 
-    const QPoint point = pressCell(list, 5, 0);
-    QTRY_COMPARE(popup.count(), 1);
-    QCOMPARE(popup.at(0).at(1).value<PIMRecord *>(), bound.manager->at(5));
-    QCOMPARE(popup.at(0).at(2).toInt(), 0);
-
-    // The release after a hold is no tap.
+    QRect cell = list.visualItemRect(list.itemAtRow(row));
+    cell.setLeft(list.header()->sectionViewportPosition(column));
+    cell.setWidth(list.header()->sectionSize(column));
+    const QPoint point = cell.center();
+    QCursor::setPos(list.viewport()->mapToGlobal(point));
+    QTest::mousePress(list.viewport(), Qt::LeftButton, {}, point);
+    QCoreApplication::processEvents();
+    if (hold)
+        QTRY_COMPARE(popup.count(), 1);
     QTest::mouseRelease(list.viewport(), Qt::LeftButton, {}, point);
     QCoreApplication::processEvents();
-    QCOMPARE(popup.count(), 1);
-    QCOMPARE(activate.count(), 0);
+
+    const QSignalSpy &fired = hold ? popup : activate;
+    QCOMPARE(fired.count(), 1);
+    QCOMPARE((hold ? activate : popup).count(), 0);
+    QCOMPARE(fired.at(0).at(0).toPoint(), QCursor::pos());
+    QCOMPARE(fired.at(0).at(1).value<PIMRecord *>(), bound.manager->at(row));
+    QCOMPARE(fired.at(0).at(2).toInt(), field);
 }
 
 QTEST_MAIN(TestPIMListView)
@@ -327,7 +301,7 @@ QTEST_MAIN(TestPIMListView)
 // high as one with a tall icon in its first row.
 void TestPIMListView::rowHeightIgnoresColumns_data()
 {
-    QTest::addColumn<int>("iconColumn");   // -1 for none
+    QTest::addColumn<int>("iconColumn"); // -1 for none
     QTest::addColumn<int>("columns");
     QTest::newRow("text only") << -1 << 2;
     QTest::newRow("icon in the last column") << 2 << 3;

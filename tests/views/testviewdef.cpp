@@ -45,10 +45,7 @@ QByteArray bytesOf(const ViewDef &view)
 
 bool readBytes(const QByteArray &bytes, ViewDef &view)
 {
-    QByteArray copy = bytes;
-    QBuffer buffer(&copy);
-    buffer.open(QIODevice::ReadOnly);
-    QDataStream stream(&buffer);
+    QDataStream stream(bytes);
     BinaryFormat::prepare(stream);
     return view.read(stream);
 }
