@@ -392,6 +392,8 @@ bool PIMManager::writePending(const QString &pending)
 
 bool PIMManager::writeText(QIODevice &device)
 {
+    if (m_headerOnly)
+        findTextRecordPart();
     QTextStream stream(&device);
     stream.setEncoding(QStringConverter::Utf8);
     stream << "FOLDER\n";
@@ -405,6 +407,30 @@ bool PIMManager::writeText(QIODevice &device)
         record->write(stream);
     stream.flush();
     return stream.status() == QTextStream::Ok;
+}
+
+// A text list is held for as long as the program runs, and another program may rewrite it
+// meanwhile: the records to carry across, and their count, are those of the file as it is now,
+// or the offset found at loading could cut into a longer header.
+void PIMManager::findTextRecordPart()
+{
+    QFile old(fullPath());
+    if (!old.open(QIODevice::ReadOnly))
+        return;
+    if (textLine(old) != QLatin1String("FOLDER")) {
+        m_dataStart = 0;
+        return;
+    }
+    m_dataStart = old.size();
+    while (!old.atEnd()) {
+        const QString line = textLine(old);
+        if (line == QLatin1String("END")) {
+            m_dataStart = old.pos();
+            return;
+        }
+        if (line.startsWith(QLatin1String("TOTAL=")))
+            m_total = line.mid(6).toInt(nullptr, 10);
+    }
 }
 
 bool PIMManager::writeBinary(QIODevice &device)

@@ -168,6 +168,7 @@ private:
     void checkRecordCount();
     bool writePending(const QString &pending);
     bool writeText(QIODevice &device);
+    void findTextRecordPart();
     bool writeBinary(QIODevice &device);
     bool writeRecordsBinary(QIODevice &device) const;
     int storedTotal() const;

@@ -22,6 +22,7 @@ private Q_SLOTS:
     void binaryRoundTrip();
     void headerOnlySaveCopiesRecordPart_data();
     void headerOnlySaveCopiesRecordPart();
+    void headerOnlyTextSaveAfterOutsideRewrite();
     void eleventhChangePostsOneSave();
     void viewInsertion_data();
     void viewInsertion();
@@ -230,6 +231,35 @@ void TestPIMManager::headerOnlySaveCopiesRecordPart()
     QVERIFY(after.endsWith(recordPart));
     if (format == PIMManager::TextFormat)
         QCOMPARE(after.indexOf("\nEND\n") + 5, after.size() - recordPart.size());
+}
+
+// Another program rewrote the file with a longer header after it was loaded header-only: the
+// records copied across are those behind the new header, not bytes from its middle.
+void TestPIMManager::headerOnlyTextSaveAfterOutsideRewrite()
+{
+    TestHome home;
+    {
+        KeyedManager full(QStringLiteral("list"));
+        full.addKeyed(QStringLiteral("a"));
+        QVERIFY(full.save());
+    }
+    KeyedManager header(QStringLiteral("list"), PIMManager::TextFormat, true);
+    QVERIFY(header.load());
+    {
+        KeyedManager outside(QStringLiteral("list"));
+        QVERIFY(outside.load());
+        outside.setProperty(QStringLiteral("added"), filler(200));
+        outside.addKeyed(QStringLiteral("b"));
+        QVERIFY(outside.save());
+    }
+    header.setPerPage(42);
+    QVERIFY(header.save());
+
+    KeyedManager check(QStringLiteral("list"));
+    QVERIFY(check.load());
+    QVERIFY(!check.loadedDamaged());
+    QCOMPARE(check.perPage(), 42);
+    QCOMPARE(check.viewKeys(), QStringList({ "a", "b" }));
 }
 
 void TestPIMManager::eleventhChangePostsOneSave()
