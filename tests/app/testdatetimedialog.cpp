@@ -84,8 +84,8 @@ void TestDateTimeDialog::showsAndStores_data()
         << QList<int> { 0, 1, 2, 1 } << Written { false, true, ".", 84, 84 };
     QTest::newRow("a long order set apart stays")
         << true << Written { false, true, "-", 0412, 0124 }
-        << QStringList { "24 hour", "Monday", "Month Day Year", "-" }
-        << QList<int> { 1, 0, -1, -1 } << Written { true, false, "-", 0412, 0124 };
+        << QStringList { "24 hour", "Monday", "Month Day Year", "-" } << QList<int> { 1, 0, -1, -1 }
+        << Written { true, false, "-", 0412, 0124 };
     QTest::newRow("a new order goes to both")
         << true << Written { false, false, "/", 0412, 0124 }
         << QStringList { "24 hour", "Sunday", "Month Day Year", "/" }
@@ -104,7 +104,6 @@ void TestDateTimeDialog::showsAndStores()
 {
     QFETCH(bool, preset);
     QFETCH(Written, before);
-    QFETCH(QStringList, shownTexts);
     QFETCH(QList<int>, chosen);
     QFETCH(Written, after);
     TestHome home;
@@ -112,7 +111,7 @@ void TestDateTimeDialog::showsAndStores()
         write(before);
 
     DateTimeDialog dialog;
-    QCOMPARE(shown(dialog), shownTexts);
+    QTEST(shown(dialog), "shownTexts");
     const char *names[] = { "clock", "week", "order", "separator" };
     for (int i = 0; i < 4; ++i) {
         if (chosen.at(i) >= 0)

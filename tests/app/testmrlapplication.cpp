@@ -28,12 +28,9 @@ public:
 
 private Q_SLOTS:
     void init();
-    void noStyleEntryLeavesTheLibraryAlone();
+    void otherMessagesLeaveTheLibraryAlone();
     void aChangeIsSignalledOnce_data();
     void aChangeIsSignalledOnce();
-    void platformChangesAreFollowed_data();
-    void platformChangesAreFollowed();
-    void otherMessagesAreIgnored();
     void missingLibraryLeavesTheStyle();
     void applyMRLStyleLoadsTheLibrary();
 
@@ -69,28 +66,37 @@ void TestMRLApplication::writeDateSettings(const QString &separator, bool ampm)
     qpe.writeEntry(QStringLiteral("LongOrder"), 200);
 }
 
-void TestMRLApplication::noStyleEntryLeavesTheLibraryAlone()
+// Neither the start without a style entry nor a message other than the style's own loads it.
+void TestMRLApplication::otherMessagesLeaveTheLibraryAlone()
 {
     QVERIFY(QFile::exists(libraryFile()));
     QVERIFY(!app()->isStyleLibraryLoaded());
     QVERIFY(app()->style()->objectName() != QLatin1String("xp"));
+    app()->mrlAppReceive("setDocument(QString)", QByteArray());
+    app()->mrlAppReceive("applyMRLStyle", QByteArray());
+    QVERIFY(!app()->isStyleLibraryLoaded());
 }
 
 void TestMRLApplication::aChangeIsSignalledOnce_data()
 {
     QTest::addColumn<QString>("separator");
     QTest::addColumn<bool>("ampm");
+    QTest::addColumn<QString>("via"); // a platform signal, or "update" for a direct look
     QTest::addColumn<int>("emitted");
 
-    QTest::newRow("separator changed") << "." << false << 1;
-    QTest::newRow("clock changed") << "-" << true << 1;
-    QTest::newRow("nothing changed") << "-" << false << 0;
+    QTest::newRow("separator changed") << "." << false << "update" << 1;
+    QTest::newRow("clock changed") << "-" << true << "update" << 1;
+    QTest::newRow("nothing changed") << "-" << false << "update" << 0;
+    QTest::newRow("platform clock signal") << "/" << false << "clock" << 1;
+    QTest::newRow("platform date format signal") << "/" << false << "date format" << 1;
+    QTest::newRow("platform week signal") << "/" << false << "week" << 1;
 }
 
 void TestMRLApplication::aChangeIsSignalledOnce()
 {
     QFETCH(QString, separator);
     QFETCH(bool, ampm);
+    QFETCH(QString, via);
     QFETCH(int, emitted);
 
     TestHome home;
@@ -99,45 +105,18 @@ void TestMRLApplication::aChangeIsSignalledOnce()
     QSignalSpy spy(app(), &MRLApplication::dateTimeSettingChanged);
 
     writeDateSettings(separator, ampm);
-    app()->updateDateTimeFormats();
+    if (via == QLatin1String("clock"))
+        Q_EMIT app()->clockChanged(false);
+    else if (via == QLatin1String("date format"))
+        Q_EMIT app()->dateFormatChanged(DateFormat());
+    else if (via == QLatin1String("week"))
+        Q_EMIT app()->weekChanged(true);
+    else
+        app()->updateDateTimeFormats();
     QCOMPARE(spy.count(), emitted);
     QCOMPARE(app()->dateSeparator(), separator.at(0));
     app()->updateDateTimeFormats();
     QCOMPARE(spy.count(), emitted);
-}
-
-void TestMRLApplication::platformChangesAreFollowed_data()
-{
-    QTest::addColumn<QString>("signal");
-    QTest::newRow("clock") << "clock";
-    QTest::newRow("date format") << "date format";
-    QTest::newRow("week") << "week";
-}
-
-void TestMRLApplication::platformChangesAreFollowed()
-{
-    QFETCH(QString, signal);
-
-    TestHome home;
-    writeDateSettings(QStringLiteral("-"), false);
-    app()->updateDateTimeFormats();
-    QSignalSpy spy(app(), &MRLApplication::dateTimeSettingChanged);
-    writeDateSettings(QStringLiteral("/"), false);
-    if (signal == QLatin1String("clock"))
-        Q_EMIT app()->clockChanged(false);
-    else if (signal == QLatin1String("date format"))
-        Q_EMIT app()->dateFormatChanged(DateFormat());
-    else
-        Q_EMIT app()->weekChanged(true);
-    QCOMPARE(spy.count(), 1);
-    QCOMPARE(app()->dateSeparator(), QLatin1Char('/'));
-}
-
-void TestMRLApplication::otherMessagesAreIgnored()
-{
-    app()->mrlAppReceive("setDocument(QString)", QByteArray());
-    app()->mrlAppReceive("applyMRLStyle", QByteArray());
-    QVERIFY(!app()->isStyleLibraryLoaded());
 }
 
 void TestMRLApplication::missingLibraryLeavesTheStyle()

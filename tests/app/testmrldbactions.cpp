@@ -102,15 +102,12 @@ void TestMRLDBActions::reportOpensOnTheCurrentRecord()
     DataManager *card = openCard(window, home);
     window.records()->showRecord(card->records().at(1));
     PIMRecord *shown = nullptr;
-    QString caption;
     whenShown<ReportViewDialog>([&](ReportViewDialog *dialog) {
         shown = dialog->record();
-        caption = dialog->windowTitle();
         QTest::keyClick(dialog, Qt::Key_Escape);
     });
     window.action("report")->trigger();
     QCOMPARE(shown, card->records().at(1));
-    QCOMPARE(caption, QStringLiteral("Report View"));
 }
 
 void TestMRLDBActions::optionsAppliesTheRowColors()

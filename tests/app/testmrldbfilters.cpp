@@ -22,8 +22,6 @@ private Q_SLOTS:
     void choosingEntryRebuildsMenu();
     void sortEntries_data();
     void sortEntries();
-    void viewEntries_data();
-    void viewEntries();
     void viewChangeReopensOnSameRecord();
 
 private:
@@ -82,41 +80,60 @@ QStringList TestMRLDBFilters::choices(const QMenu *menu)
 
 void TestMRLDBFilters::menuEntries_data()
 {
+    QTest::addColumn<QString>("menu"); // "Filter" or "View"
     QTest::addColumn<int>("count");
-    QTest::addColumn<int>("current");
-    QTest::addColumn<bool>("findChecked");
+    QTest::addColumn<int>("current"); // -2: a find running
     QTest::addColumn<QStringList>("entries");
-    const QStringList five { "f0 1", "f1 2", "f2 3", "f3 4", "f4 5" };
-    QTest::newRow("no filters") << 0 << -1 << false << QStringList { "All Records 0*" };
-    QTest::newRow("five, the last current")
-        << 5 << 4 << false
-        << QStringList { "All Records 0", "f0 1", "f1 2", "f2 3", "f3 4", "f4 5*" };
-    QTest::newRow("seven, the sixth current")
-        << 7 << 5 << false << QStringList { "All Records 0" } + five + QStringList { "f5 -1*" };
-    QTest::newRow("seven, the seventh current")
-        << 7 << 6 << false << QStringList { "All Records 0" } + five + QStringList { "f6 -1*" };
-    QTest::newRow("seven, a find running")
-        << 7 << -2 << true << QStringList { "All Records 0" } + five;
+    // Five entries at most; the current one past them comes last, with no id.
+    const QStringList f { "f0 1", "f1 2", "f2 3", "f3 4", "f4 5" };
+    const QStringList v { "v0 1", "v1 2", "v2 3", "v3 4", "v4 5" };
+    const QString all = QStringLiteral("All Records 0");
+    QTest::newRow("no filters") << "Filter" << 0 << -1 << QStringList { all + "*" };
+    QTest::newRow("five filters, the last current")
+        << "Filter" << 5 << 4 << QStringList { all, "f0 1", "f1 2", "f2 3", "f3 4", "f4 5*" };
+    QTest::newRow("seven filters, the sixth current")
+        << "Filter" << 7 << 5 << QStringList { all } + f + QStringList { "f5 -1*" };
+    QTest::newRow("seven filters, the seventh current")
+        << "Filter" << 7 << 6 << QStringList { all } + f + QStringList { "f6 -1*" };
+    QTest::newRow("seven filters, a find running")
+        << "Filter" << 7 << -2 << QStringList { all } + f;
+    QTest::newRow("no views") << "View" << 0 << -1 << QStringList { "Default 0*" };
+    QTest::newRow("five views, the third current")
+        << "View" << 5 << 2 << QStringList { "Default 0", "v0 1", "v1 2", "v2 3*", "v3 4", "v4 5" };
+    QTest::newRow("seven views, default") << "View" << 7 << -1 << QStringList { "Default 0*" } + v;
+    QTest::newRow("seven views, the seventh current")
+        << "View" << 7 << 6 << QStringList { "Default 0" } + v + QStringList { "v6 -1*" };
 }
 
 void TestMRLDBFilters::menuEntries()
 {
+    QFETCH(QString, menu);
     QFETCH(int, count);
     QFETCH(int, current);
-    QFETCH(bool, findChecked);
     TestHome home;
     MRLDB window;
-    DataManager *card = openWithFilters(window, home, count);
-    if (current == -2)
-        card->setAdHocFilter(FilterDef());
-    else
-        card->setCurrentFilter(current);
-    window.showCard(card, QStringLiteral("Test card"));
-
-    QMenu *menu = filterMenu(window);
-    QVERIFY(menu);
-    QCOMPARE(menu->actions().first()->isChecked(), findChecked);
-    QTEST(choices(menu), "entries");
+    const bool filters = menu == QLatin1String("Filter");
+    DataManager *card = openWithFilters(window, home, filters ? count : 0);
+    if (filters) {
+        if (current == -2)
+            card->setAdHocFilter(FilterDef());
+        else
+            card->setCurrentFilter(current);
+        window.showCard(card, QStringLiteral("Test card"));
+    } else {
+        QList<ViewDef> views(count);
+        for (int i = 0; i < count; ++i)
+            views[i].title = QStringLiteral("v%1").arg(i);
+        card->setViews(views);
+        card->setCurrentView(current);
+        window.setupViews();
+    }
+    QMenu *shown = toolMenu(window, menu);
+    QVERIFY(shown);
+    // The filter menu's first entry is the find, checked while one runs.
+    if (filters)
+        QCOMPARE(shown->actions().first()->isChecked(), current == -2);
+    QTEST(choices(shown), "entries");
 }
 
 void TestMRLDBFilters::choosingEntryRebuildsMenu()
@@ -185,36 +202,6 @@ void TestMRLDBFilters::sortEntries()
     QTEST(choices(menu), "entries");
     QTEST(card->sortColumn(), "column");
     QTEST(card->sortOrder(), "ascending");
-}
-
-void TestMRLDBFilters::viewEntries_data()
-{
-    QTest::addColumn<int>("count");
-    QTest::addColumn<int>("current");
-    QTest::addColumn<QStringList>("entries");
-    const QStringList five { "v0 1", "v1 2", "v2 3", "v3 4", "v4 5" };
-    QTest::newRow("no views") << 0 << -1 << QStringList { "Default 0*" };
-    QTest::newRow("five, the third current")
-        << 5 << 2 << QStringList { "Default 0", "v0 1", "v1 2", "v2 3*", "v3 4", "v4 5" };
-    QTest::newRow("seven, default") << 7 << -1 << QStringList { "Default 0*" } + five;
-    QTest::newRow("seven, the seventh current")
-        << 7 << 6 << QStringList { "Default 0" } + five + QStringList { "v6 -1*" };
-}
-
-void TestMRLDBFilters::viewEntries()
-{
-    QFETCH(int, count);
-    QFETCH(int, current);
-    TestHome home;
-    MRLDB window;
-    DataManager *card = openWithFilters(window, home, 0);
-    QList<ViewDef> views(count);
-    for (int i = 0; i < count; ++i)
-        views[i].title = QStringLiteral("v%1").arg(i);
-    card->setViews(views);
-    card->setCurrentView(current);
-    window.setupViews();
-    QTEST(choices(toolMenu(window, QStringLiteral("View"))), "entries");
 }
 
 // The card opens again with the view's columns, on the record that was current; a running

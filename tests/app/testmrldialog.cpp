@@ -7,34 +7,32 @@
 #include <QPushButton>
 #include <QtTest>
 
-// The message boxes: which number each button gives, what Return and Escape choose, and
-// what each box shows.
 namespace
 {
+// A call of MRLDialog by name: "question", "rename", or "askN" with N buttons, then " D E"
+// when it gives its own default and escape button.
 int runCall(const QString &call)
 {
-    const QString c = QStringLiteral("Caption");
-    const QString t = QStringLiteral("Text");
     if (call == QLatin1String("question"))
-        return MRLDialog::question(t, c) ? 1 : 0;
+        return MRLDialog::question(QStringLiteral("Text"), QStringLiteral("Caption")) ? 1 : 0;
     if (call == QLatin1String("rename")) {
         QString result;
         return MRLDialog::rename(QStringLiteral("old"), result) ? 1 : 0;
     }
+    const QString c = QStringLiteral("Caption");
+    const QString t = QStringLiteral("Text");
+    const QString w = QStringLiteral("dialog_warning");
     const QString ok = QStringLiteral("button_ok");
-    if (call == QLatin1String("ask1"))
-        return MRLDialog::ask(c, t, QStringLiteral("dialog_info"), QStringLiteral("One"), ok);
-    if (call == QLatin1String("ask2"))
-        return MRLDialog::ask(c, t, QStringLiteral("dialog_warning"), QStringLiteral("A"), ok,
-            QStringLiteral("B"), ok);
-    if (call == QLatin1String("ask2 default 2 escape 0"))
-        return MRLDialog::ask(c, t, QStringLiteral("dialog_warning"), QStringLiteral("A"), ok,
-            QStringLiteral("B"), ok, 2, 0);
-    if (call == QLatin1String("ask3"))
-        return MRLDialog::ask(c, t, QStringLiteral("dialog_warning"), QStringLiteral("A"), ok,
-            QStringLiteral("B"), ok, QStringLiteral("C"), ok);
-    return MRLDialog::ask(c, t, QStringLiteral("dialog_warning"), QStringLiteral("A"), ok,
-        QStringLiteral("B"), ok, QStringLiteral("C"), ok, 3, 2);
+    const QString a = QStringLiteral("A"), b = QStringLiteral("B"), cc = QStringLiteral("C");
+    const QStringList words = call.split(QLatin1Char(' '));
+    const bool own = words.size() == 3;
+    if (words[0] == QLatin1String("ask1"))
+        return MRLDialog::ask(c, t, QStringLiteral("dialog_info"), a, ok);
+    if (words[0] == QLatin1String("ask2"))
+        return own ? MRLDialog::ask(c, t, w, a, ok, b, ok, words[1].toInt(), words[2].toInt())
+                   : MRLDialog::ask(c, t, w, a, ok, b, ok);
+    return own ? MRLDialog::ask(c, t, w, a, ok, b, ok, cc, ok, words[1].toInt(), words[2].toInt())
+               : MRLDialog::ask(c, t, w, a, ok, b, ok, cc, ok);
 }
 } // namespace
 
@@ -63,56 +61,43 @@ void TestMRLDialog::results_data()
     QTest::addColumn<QString>("answer"); // "1".."3" clicks that button, or a key
     QTest::addColumn<int>("expected"); // question and rename: 1 true, 0 false
 
-    QTest::newRow("question Return") << "question"
-                                     << "Return" << 1;
-    QTest::newRow("question Escape") << "question"
-                                     << "Escape" << 0;
-    QTest::newRow("rename Return") << "rename"
-                                   << "Return" << 1;
-    QTest::newRow("rename Escape") << "rename"
-                                   << "Escape" << 0;
-    QTest::newRow("ask1 button") << "ask1"
-                                 << "1" << 1;
-    QTest::newRow("ask1 Escape") << "ask1"
-                                 << "Escape" << 1;
-    QTest::newRow("ask2 second") << "ask2"
-                                 << "2" << 2;
-    QTest::newRow("ask2 Escape") << "ask2"
-                                 << "Escape" << 2;
-    QTest::newRow("ask2 own Return") << "ask2 default 2 escape 0"
-                                     << "Return" << 2;
-    QTest::newRow("ask2 own Escape") << "ask2 default 2 escape 0"
-                                     << "Escape" << 0;
-    QTest::newRow("ask3 third") << "ask3"
-                                << "3" << 3;
-    QTest::newRow("ask3 Return") << "ask3"
-                                 << "Return" << 1;
-    QTest::newRow("ask3 Escape") << "ask3"
-                                 << "Escape" << 3;
-    QTest::newRow("ask3 own Return") << "ask3 default 3 escape 2"
-                                     << "Return" << 3;
-    QTest::newRow("ask3 own Escape") << "ask3 default 3 escape 2"
-                                     << "Escape" << 2;
+    const auto row = [](const char *call, const char *answer, int expected) {
+        QTest::newRow(qPrintable(QStringLiteral("%1, %2").arg(call, answer)))
+            << QString::fromLatin1(call) << QString::fromLatin1(answer) << expected;
+    };
+    // Return in rename is renameReturnsTheEditedText's.
+    row("question", "Return", 1);
+    row("question", "Escape", 0);
+    row("rename", "Escape", 0);
+    row("ask1", "1", 1);
+    row("ask1", "Escape", 1);
+    row("ask2", "2", 2);
+    row("ask2", "Escape", 2);
+    row("ask2 2 0", "Return", 2);
+    row("ask2 2 0", "Escape", 0);
+    row("ask3", "3", 3);
+    row("ask3", "Return", 1);
+    row("ask3", "Escape", 3);
+    row("ask3 3 2", "Return", 3);
+    row("ask3 3 2", "Escape", 2);
 }
 
 void TestMRLDialog::results()
 {
     QFETCH(QString, call);
     QFETCH(QString, answer);
-    QFETCH(int, expected);
 
     whenShown<QDialog>([answer](QDialog *box) {
-        if (answer == QLatin1String("Return")) {
-            QTest::keyClick(box->focusWidget() ? box->focusWidget() : box, Qt::Key_Return);
-        } else if (answer == QLatin1String("Escape")) {
-            QTest::keyClick(box->focusWidget() ? box->focusWidget() : box, Qt::Key_Escape);
+        if (answer == QLatin1String("Return") || answer == QLatin1String("Escape")) {
+            QTest::keyClick(box->focusWidget() ? box->focusWidget() : box,
+                answer == QLatin1String("Return") ? Qt::Key_Return : Qt::Key_Escape);
         } else {
             auto *button = box->findChild<QPushButton *>(QStringLiteral("button") + answer);
             QVERIFY(button);
             QTest::mouseClick(button, Qt::LeftButton);
         }
     });
-    QCOMPARE(runCall(call), expected);
+    QTEST(runCall(call), "expected");
 }
 
 void TestMRLDialog::renameReturnsTheEditedText()

@@ -3,8 +3,6 @@
 #include "modaldriver.h"
 #include "support/testhome.h"
 
-#include <QDialog>
-
 #include <QApplication>
 #include <QKeyEvent>
 #include <QtTest>
@@ -67,14 +65,11 @@ void TestMRLMainWindow::snapZoom()
 {
     QFETCH(int, size);
     QFETCH(bool, down);
-    QFETCH(int, expected);
-    QFETCH(bool, zoomInEnabled);
-    QFETCH(bool, zoomOutEnabled);
 
     MRLMainWindow window;
-    QCOMPARE(window.snapZoom(size, down), expected);
-    QCOMPARE(window.action(QStringLiteral("zoomin"))->isEnabled(), zoomInEnabled);
-    QCOMPARE(window.action(QStringLiteral("zoomout"))->isEnabled(), zoomOutEnabled);
+    QTEST(window.snapZoom(size, down), "expected");
+    QTEST(window.action(QStringLiteral("zoomin"))->isEnabled(), "zoomInEnabled");
+    QTEST(window.action(QStringLiteral("zoomout"))->isEnabled(), "zoomOutEnabled");
 }
 
 void TestMRLMainWindow::resizeRotatesOncePerTurn()

@@ -29,8 +29,6 @@ void TestEnterStringDialog::getText_data()
 void TestEnterStringDialog::getText()
 {
     QFETCH(QString, button);
-    QFETCH(bool, accepted);
-    QFETCH(QString, result);
 
     QString before;
     whenShown<EnterStringDialog>([&](EnterStringDialog *dialog) {
@@ -40,9 +38,9 @@ void TestEnterStringDialog::getText()
         dialog->findChild<QPushButton *>(button)->click();
     });
     QString text = QStringLiteral("Bergen");
-    QCOMPARE(EnterStringDialog::getText(QStringLiteral("City"), text), accepted);
+    QTEST(EnterStringDialog::getText(QStringLiteral("City"), text), "accepted");
     QCOMPARE(before, QStringLiteral("Bergen"));
-    QCOMPARE(text, result);
+    QTEST(text, "result");
 }
 
 QTEST_MAIN(TestEnterStringDialog)

@@ -14,7 +14,6 @@ private Q_SLOTS:
     void startValue();
     void divisionByZeroIsAnErrorUntilCleared();
     void finishWorksOutThePendingOperation();
-    void longNumbersStopAtFifteenDigits();
 };
 
 void TestMLCalculation::keys_data()
@@ -22,57 +21,34 @@ void TestMLCalculation::keys_data()
     QTest::addColumn<QString>("start");
     QTest::addColumn<QString>("keys");
     QTest::addColumn<QString>("display");
-
-    QTest::newRow("addition") << ""
-                              << "12+30="
-                              << "42";
-    QTest::newRow("division") << ""
-                              << "7/2="
-                              << "3.5";
-    QTest::newRow("left to right") << ""
-                                   << "2+3*4="
-                                   << "20";
-    QTest::newRow("operator shows running result") << ""
-                                                   << "2+3*"
-                                                   << "5";
-    QTest::newRow("changed operator") << ""
-                                      << "9+-4="
-                                      << "5";
-    QTest::newRow("decimal point") << ""
-                                   << "1.5+.25="
-                                   << "1.75";
-    QTest::newRow("second point ignored") << ""
-                                          << "1.2.3"
-                                          << "1.23";
-    QTest::newRow("binary rounding hidden") << ""
-                                            << ".1+.2="
-                                            << "0.3";
-    QTest::newRow("backspace to nothing") << ""
-                                          << "7\b"
-                                          << "0";
-    QTest::newRow("clear forgets the operation") << ""
-                                                 << "12+C5="
-                                                 << "5";
-    QTest::newRow("digit after result starts anew") << ""
-                                                    << "2+2=7"
-                                                    << "7";
-    QTest::newRow("equals twice") << ""
-                                  << "2+3=="
-                                  << "5";
-    QTest::newRow("start value operated on") << "10"
-                                             << "*3="
-                                             << "30";
+    const auto row = [](const char *name, const char *start, const char *keys, const char *shown) {
+        QTest::newRow(name) << QString::fromLatin1(start) << QString::fromLatin1(keys)
+                            << QString::fromLatin1(shown);
+    };
+    row("addition", "", "12+30=", "42");
+    row("division", "", "7/2=", "3.5");
+    row("left to right", "", "2+3*4=", "20");
+    row("operator shows running result", "", "2+3*", "5");
+    row("changed operator", "", "9+-4=", "5");
+    row("decimal point", "", "1.5+.25=", "1.75");
+    row("second point ignored", "", "1.2.3", "1.23");
+    row("binary rounding hidden", "", ".1+.2=", "0.3");
+    row("backspace to nothing", "", "7\b", "0");
+    row("clear forgets the operation", "", "12+C5=", "5");
+    row("digit after result starts anew", "", "2+2=7", "7");
+    row("equals twice", "", "2+3==", "5");
+    row("start value operated on", "10", "*3=", "30");
+    // Fifteen digits are the most a display holds; further ones are dropped.
+    row("long numbers stop at fifteen digits", "", "99999999999999999999", "999999999999999");
 }
 
 void TestMLCalculation::keys()
 {
     QFETCH(QString, start);
     QFETCH(QString, keys);
-    QFETCH(QString, display);
-
     MLCalculation calculation(start);
     calculation.pressAll(keys);
-    QCOMPARE(calculation.display(), display);
+    QTEST(calculation.display(), "display");
     QVERIFY(!calculation.hasError());
 }
 
@@ -81,23 +57,20 @@ void TestMLCalculation::startValue_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("display");
 
-    QTest::newRow("fraction") << "2.50"
-                              << "2.5";
-    QTest::newRow("blanks around") << " 3 "
-                                   << "3";
-    QTest::newRow("empty") << ""
-                           << "0";
-    QTest::newRow("not a number") << "abc"
-                                  << "0";
-    QTest::newRow("infinite") << "inf"
-                              << "0";
+    const auto row = [](const char *name, const char *text, const char *shown) {
+        QTest::newRow(name) << QString::fromLatin1(text) << QString::fromLatin1(shown);
+    };
+    row("fraction", "2.50", "2.5");
+    row("blanks around", " 3 ", "3");
+    row("empty", "", "0");
+    row("not a number", "abc", "0");
+    row("infinite", "inf", "0");
 }
 
 void TestMLCalculation::startValue()
 {
     QFETCH(QString, text);
-    QFETCH(QString, display);
-    QCOMPARE(MLCalculation(text).display(), display);
+    QTEST(MLCalculation(text).display(), "display");
 }
 
 void TestMLCalculation::divisionByZeroIsAnErrorUntilCleared()
@@ -127,13 +100,6 @@ void TestMLCalculation::finishWorksOutThePendingOperation()
     calculation.finish();
     QVERIFY(!calculation.hasPending());
     QCOMPARE(calculation.display(), QStringLiteral("5"));
-}
-
-void TestMLCalculation::longNumbersStopAtFifteenDigits()
-{
-    MLCalculation calculation;
-    calculation.pressAll(QString(20, QLatin1Char('9')));
-    QCOMPARE(calculation.display(), QString(15, QLatin1Char('9')));
 }
 
 QTEST_GUILESS_MAIN(TestMLCalculation)

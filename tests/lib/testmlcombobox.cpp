@@ -32,16 +32,13 @@ void TestMLComboBox::setCurrentItemText()
 {
     QFETCH(bool, editable);
     QFETCH(QString, text);
-    QFETCH(bool, found);
-    QFETCH(int, index);
-    QFETCH(QString, shown);
 
     MLComboBox box(editable);
     for (const char *colour : { "Red", "Blue", "Green" })
         box.addIconItem(QStringLiteral("color"), QString::fromLatin1(colour));
-    QCOMPARE(box.setCurrentItemText(text), found);
-    QCOMPARE(box.currentIndex(), index);
-    QCOMPARE(box.currentText(), shown);
+    QTEST(box.setCurrentItemText(text), "found");
+    QTEST(box.currentIndex(), "index");
+    QTEST(box.currentText(), "shown");
     QCOMPARE(box.count(), 3);
 }
 

@@ -14,8 +14,6 @@ class TestMLTimeEdit : public QObject
 private Q_SLOTS:
     void roundTrip_data();
     void roundTrip();
-    void clock_data();
-    void clock();
 
 private:
     static void setClock(bool ampm);
@@ -34,41 +32,28 @@ void TestMLTimeEdit::roundTrip_data()
 {
     QTest::addColumn<bool>("ampm");
     QTest::addColumn<QTime>("time");
+    QTest::addColumn<QString>("shown");
 
-    QTest::newRow("afternoon with seconds") << false << QTime(13, 5, 42);
-    QTest::newRow("noon on the 12 hour clock") << true << QTime(12, 0);
-    QTest::newRow("evening on the 12 hour clock") << true << QTime(21, 30, 15);
+    QTest::newRow("24 hours") << false << QTime(21, 30) << "21:30";
+    QTest::newRow("12 hours") << true << QTime(21, 30) << "09:30 PM";
+    QTest::newRow("afternoon with seconds") << false << QTime(13, 5, 42) << "";
+    QTest::newRow("noon on the 12 hour clock") << true << QTime(12, 0) << "";
+    QTest::newRow("evening on the 12 hour clock") << true << QTime(21, 30, 15) << "";
 }
 
+// The time comes back whole, seconds included, and shows on the clock of the settings.
 void TestMLTimeEdit::roundTrip()
 {
     QFETCH(bool, ampm);
     QFETCH(QTime, time);
+    QFETCH(QString, shown);
     TestHome home;
     setClock(ampm);
     MLTimeEdit edit;
     edit.setTime(time);
     QCOMPARE(edit.time(), time);
-}
-
-void TestMLTimeEdit::clock_data()
-{
-    QTest::addColumn<bool>("ampm");
-    QTest::addColumn<QString>("shown");
-
-    QTest::newRow("24 hours") << false << "21:30";
-    QTest::newRow("12 hours") << true << "09:30 PM";
-}
-
-void TestMLTimeEdit::clock()
-{
-    QFETCH(bool, ampm);
-    QFETCH(QString, shown);
-    TestHome home;
-    setClock(ampm);
-    MLTimeEdit edit;
-    edit.setTime(QTime(21, 30));
-    QCOMPARE(edit.text(), shown);
+    if (!shown.isEmpty())
+        QCOMPARE(edit.text(), shown);
     DateTimeSettings::instance()->invalidate();
 }
 
