@@ -105,10 +105,44 @@ void PackedSlots::setSlot(int i, const Slot &value)
         std::memcpy(own + 4, value.bits, sizeof value.bits);
         return;
     }
+    if (value.kind == Text && heldUnits(i) == 0) {
+        appendText(i, value);
+        return;
+    }
     std::vector<Slot> values(static_cast<std::size_t>(n));
     for (int j = 0; j < n; ++j)
         values[std::size_t(j)] = j == i ? value : slot(j);
     *this = assemble(n, values.data());
+}
+
+quint32 PackedSlots::heldUnits(int i) const
+{
+    const Slot held = slot(i);
+    return held.kind == Text && held.length != nullText ? held.length : 0;
+}
+
+// A text over a slot that holds no characters goes behind the other texts: the block grows by
+// the new characters alone, and no other slot is read and written again. An import fills the
+// empty texts of each new record this way, one after the other.
+void PackedSlots::appendText(int i, const Slot &value)
+{
+    const quint32 units = value.length == nullText ? 0 : value.length;
+    Header header;
+    std::memcpy(&header, m_block.get(), sizeof header);
+    const std::size_t oldBytes = blockBytes();
+    auto block
+        = std::make_unique_for_overwrite<unsigned char[]>(oldBytes + units * sizeof(char16_t));
+    std::memcpy(block.get(), m_block.get(), oldBytes);
+    if (units > 0)
+        std::memcpy(block.get() + oldBytes, value.text, units * sizeof(char16_t));
+    const quint32 offset = header.textUnits;
+    header.textUnits += units;
+    std::memcpy(block.get(), &header, sizeof header);
+    unsigned char *own = block.get() + sizeof(Header) + std::size_t(i) * cellBytes;
+    own[0] = Text;
+    std::memcpy(own + 4, &offset, sizeof offset);
+    std::memcpy(own + 8, &value.length, sizeof value.length);
+    m_block = std::move(block);
 }
 
 PackedSlots PackedSlots::assemble(int count, const Slot *values)

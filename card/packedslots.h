@@ -15,8 +15,9 @@ class QDataStream;
 
 // The value slots of one record in a single allocation: a small header, one fixed-size cell per
 // slot (its kind and eight bytes of value), then the UTF-16 of all its texts. A text is made
-// into a QString only when asked for. Changing a slot builds the block anew; loading a record
-// reads its slots into scratch room and copies them into one block of the exact size.
+// into a QString only when asked for. Changing a slot builds the block anew, unless the slot held
+// no characters: then the new ones go behind the rest. Loading a record reads its slots into
+// scratch room and copies them into one block of the exact size.
 class PackedSlots
 {
 public:
@@ -73,6 +74,8 @@ private:
     static constexpr int cellBytes = 12;
 
     const unsigned char *cell(int i) const;
+    quint32 heldUnits(int i) const;
+    void appendText(int i, const Slot &value);
     const char16_t *texts() const;
     std::size_t blockBytes() const;
     template <typename T> T valueOf(int i, Kind wanted) const;

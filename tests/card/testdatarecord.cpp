@@ -132,6 +132,8 @@ void TestDataRecord::textsSurviveChanges_data()
         << QStringList { "2=tail", "3=end", "0=a", "0=much longer" };
     QTest::newRow("later text shrinks") << QStringList { "0=head", "3=long text", "3=x", "1=é€" };
     QTest::newRow("text emptied") << QStringList { "0=one", "1=two", "0=", "1" };
+    QTest::newRow("empty ones filled, then one rewritten")
+        << QStringList { "0=", "1=", "1=bc", "0=a", "2", "2=def", "1=x", "3=end" };
 }
 
 void TestDataRecord::textsSurviveChanges()
