@@ -152,7 +152,7 @@ void DataRecord::writeSlot(QDataStream &stream, int i, int type) const
         stream << timeValue(i);
         break;
     case FieldDef::DateTimeFamily:
-        stream << dateTimeValue(i);
+        stream << m_values.stamp(i);
         break;
     case FieldDef::NoSlot:
         break;

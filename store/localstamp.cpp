@@ -16,8 +16,12 @@ QDataStream &operator>>(QDataStream &stream, LocalStamp &stamp)
     return stream >> stamp.m_day >> stamp.m_time;
 }
 
-// Written through QDateTime, so that the bytes are those of the value callers see.
+// The old stream versions write a date-time as its date and its time, whatever the zone, and a
+// time that is no time of day as none. Written directly: a QDateTime of the local zone would
+// first work out the zone's offset, a C library call for each stamp of every record saved.
 QDataStream &operator<<(QDataStream &stream, const LocalStamp &stamp)
 {
-    return stream << stamp.toDateTime();
+    if (stream.version() >= QDataStream::Qt_4_0)
+        return stream << stamp.toDateTime();
+    return stream << stamp.m_day << (stamp.m_time.isValid() ? stamp.m_time : QTime());
 }

@@ -3,7 +3,10 @@
 
 #include <QBuffer>
 #include <QDateTime>
+#include <QScopeGuard>
 #include <QTest>
+
+#include <ctime>
 
 // The card file's encoding depends on Qt keeping its old stream forms; these pin them down.
 class TestBinaryFormat : public QObject
@@ -168,18 +171,39 @@ void TestBinaryFormat::readString()
 void TestBinaryFormat::stampSameAsDateTime_data()
 {
     QTest::addColumn<QByteArray>("bytes");
-    QTest::newRow("null date and time") << QByteArray::fromHex("00000000ffffffff");
-    QTest::newRow("day and time") << QByteArray::fromHex("00253d8c03ef1480");
-    QTest::newRow("midnight") << QByteArray::fromHex("00253d8c00000000");
-    QTest::newRow("day without time") << QByteArray::fromHex("00253d8cffffffff");
-    QTest::newRow("time without day") << QByteArray::fromHex("0000000003ef1480");
-    QTest::newRow("time past the day") << QByteArray::fromHex("00253d8c05265c00");
-    QTest::newRow("day past 32 bits signed") << QByteArray::fromHex("9000000000000001");
+    QTest::addColumn<QByteArray>("zone");
+    QTest::newRow("null date and time") << QByteArray::fromHex("00000000ffffffff") << QByteArray();
+    QTest::newRow("day and time") << QByteArray::fromHex("00253d8c03ef1480") << QByteArray();
+    QTest::newRow("midnight") << QByteArray::fromHex("00253d8c00000000") << QByteArray();
+    QTest::newRow("day without time") << QByteArray::fromHex("00253d8cffffffff") << QByteArray();
+    QTest::newRow("time without day") << QByteArray::fromHex("0000000003ef1480") << QByteArray();
+    QTest::newRow("time past the day") << QByteArray::fromHex("00253d8c05265c00") << QByteArray();
+    QTest::newRow("day past 32 bits signed")
+        << QByteArray::fromHex("9000000000000001") << QByteArray();
+    // 2021-03-28 02:30 does not exist in Berlin; 2021-10-31 02:30 exists twice.
+    QTest::newRow("in a zone's gap")
+        << QByteArray::fromHex("002586a600895440") << QByteArray("Europe/Berlin");
+    QTest::newRow("in a zone's overlap")
+        << QByteArray::fromHex("0025877f00895440") << QByteArray("Europe/Berlin");
 }
 
 void TestBinaryFormat::stampSameAsDateTime()
 {
     QFETCH(QByteArray, bytes);
+    QFETCH(QByteArray, zone);
+    const bool zoneWasSet = qEnvironmentVariableIsSet("TZ");
+    const QByteArray oldZone = qgetenv("TZ");
+    if (!zone.isEmpty()) {
+        qputenv("TZ", zone);
+        tzset();
+    }
+    const auto restoreZone = qScopeGuard([&] {
+        if (zoneWasSet)
+            qputenv("TZ", oldZone);
+        else
+            qunsetenv("TZ");
+        tzset();
+    });
     QDataStream in(bytes);
     BinaryFormat::prepare(in);
     QDateTime dateTime;
