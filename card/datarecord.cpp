@@ -9,6 +9,12 @@
 
 #include <vector>
 
+struct DataRecord::Extras {
+    QString memo;
+    QString image;
+    std::unique_ptr<Reminder> reminder;
+};
+
 DataRecord::DataRecord(DataManager *manager)
     : PIMRecord(manager)
 {
@@ -24,11 +30,13 @@ DataRecord::DataRecord(DataManager *manager, BlankTag)
 DataRecord::DataRecord(const DataRecord &other)
     : PIMRecord(other)
     , m_values(other.m_values)
-    , m_memo(other.m_memo)
-    , m_image(other.m_image)
 {
-    if (other.m_reminder)
-        m_reminder = std::make_unique<Reminder>(*other.m_reminder);
+    if (!other.m_extras)
+        return;
+    extras().memo = other.m_extras->memo;
+    m_extras->image = other.m_extras->image;
+    if (other.m_extras->reminder)
+        m_extras->reminder = std::make_unique<Reminder>(*other.m_extras->reminder);
 }
 
 DataRecord::~DataRecord() = default;
@@ -103,16 +111,56 @@ void DataRecord::setDateTimeValue(int i, const QDateTime &dateTime)
     m_values.setSlot(i, PackedSlots::stampSlot(LocalStamp(dateTime)));
 }
 
+DataRecord::Extras &DataRecord::extras()
+{
+    if (!m_extras)
+        m_extras = std::make_unique<Extras>();
+    return *m_extras;
+}
+
+QString DataRecord::memo() const
+{
+    return m_extras ? m_extras->memo : QString();
+}
+
+void DataRecord::setMemo(const QString &memo)
+{
+    if (m_extras || !memo.isNull())
+        extras().memo = memo;
+}
+
+bool DataRecord::hasImage() const
+{
+    return m_extras && !m_extras->image.isEmpty();
+}
+
+QString DataRecord::image() const
+{
+    return m_extras ? m_extras->image : QString();
+}
+
 void DataRecord::setImage(const QString &reference)
 {
-    m_image = reference;
+    if (m_extras || !reference.isNull())
+        extras().image = reference;
     if (manager())
         manager()->haveChange();
 }
 
+const Reminder *DataRecord::reminder() const
+{
+    return m_extras ? m_extras->reminder.get() : nullptr;
+}
+
+Reminder *DataRecord::reminder()
+{
+    return m_extras ? m_extras->reminder.get() : nullptr;
+}
+
 void DataRecord::setReminder(Reminder *reminder)
 {
-    m_reminder.reset(reminder);
+    if (m_extras || reminder)
+        extras().reminder.reset(reminder);
 }
 
 QList<FieldDef> DataRecord::fieldList() const
@@ -127,9 +175,10 @@ void DataRecord::write(QDataStream &stream) const
     const QList<FieldDef> fields = fieldList();
     for (int i = 0; i < fields.size(); ++i)
         writeSlot(stream, i, fields.at(i).type);
-    stream << m_memo << m_image << qint32(m_reminder ? 1 : 0);
-    if (m_reminder)
-        m_reminder->write(stream);
+    const Reminder *held = reminder();
+    stream << memo() << image() << qint32(held ? 1 : 0);
+    if (held)
+        held->write(stream);
 }
 
 void DataRecord::writeSlot(QDataStream &stream, int i, int type) const
@@ -164,10 +213,16 @@ void DataRecord::read(QDataStream &stream)
     PIMRecord::read(stream);
     m_values = PackedSlots::read(stream, fieldList());
     qint32 hasReminder = 0;
-    BinaryFormat::readString(stream, m_memo);
-    BinaryFormat::readString(stream, m_image);
+    QString memo;
+    QString image;
+    BinaryFormat::readString(stream, memo);
+    BinaryFormat::readString(stream, image);
     stream >> hasReminder;
-    m_reminder.reset();
+    m_extras.reset();
+    if (!memo.isNull() || !image.isNull()) {
+        extras().memo = memo;
+        m_extras->image = image;
+    }
     if (hasReminder == 1 && BinaryFormat::ok(stream))
         readReminder(stream);
 }
@@ -177,7 +232,7 @@ void DataRecord::readReminder(QDataStream &stream)
     auto reminder = std::make_unique<Reminder>();
     reminder->read(stream);
     if (BinaryFormat::ok(stream))
-        m_reminder = std::move(reminder);
+        extras().reminder = std::move(reminder);
 }
 
 void DataRecord::restructure(

@@ -50,17 +50,17 @@ public:
     void setTimeValue(int i, const QTime &time);
     void setDateTimeValue(int i, const QDateTime &dateTime);
 
-    QString memo() const { return m_memo; }
-    void setMemo(const QString &memo) { m_memo = memo; }
+    QString memo() const;
+    void setMemo(const QString &memo);
 
-    bool hasImage() const { return !m_image.isEmpty(); }
-    QString image() const { return m_image; }
+    bool hasImage() const;
+    QString image() const;
     // Also marks the manager changed.
     void setImage(const QString &reference);
 
-    bool hasReminder() const { return m_reminder != nullptr; }
-    const Reminder *reminder() const { return m_reminder.get(); }
-    Reminder *reminder() { return m_reminder.get(); }
+    bool hasReminder() const { return reminder() != nullptr; }
+    const Reminder *reminder() const;
+    Reminder *reminder();
     // Takes ownership; null removes the reminder.
     void setReminder(Reminder *reminder);
 
@@ -78,11 +78,14 @@ private:
     void writeSlot(QDataStream &stream, int i, int type) const;
     void readReminder(QDataStream &stream);
 
+    // Memo, image and reminder: most records have none of them, so they live apart and a
+    // record without them pays one pointer.
+    struct Extras;
+    Extras &extras();
+
     // A date-time is kept as its local date and time, as the file holds it.
     PackedSlots m_values;
-    QString m_memo;
-    QString m_image;
-    std::unique_ptr<Reminder> m_reminder;
+    std::unique_ptr<Extras> m_extras;
 };
 
 #endif
