@@ -69,6 +69,29 @@ QString textLine(QIODevice &device)
     return QString::fromUtf8(line);
 }
 
+// Hands each line of a text header to take, as tokens, and leaves the device where the records
+// begin. False when a header was begun but not closed by its "END".
+template <typename Take> bool scanTextHeader(QIODevice &device, Take take)
+{
+    if (device.atEnd())
+        return true;
+    if (textLine(device) != QLatin1String("FOLDER")) {
+        // No header: the whole file is record blocks.
+        device.seek(0);
+        return true;
+    }
+    while (!device.atEnd()) {
+        const QString line = textLine(device);
+        if (line == QLatin1String("END"))
+            return true;
+        // Unlike a record line, empty tokens are dropped here; old files rely on that.
+        const QStringList tokens = line.split(QLatin1Char('='), Qt::SkipEmptyParts);
+        if (!tokens.isEmpty())
+            take(tokens);
+    }
+    return false;
+}
+
 } // namespace
 
 PIMManager::PIMManager(const QString &folder, const QString &fileName, bool templates,
@@ -187,23 +210,7 @@ void PIMManager::readText(QIODevice &device)
 // False when a header was begun but not closed by its "END".
 bool PIMManager::readTextHeader(QIODevice &device)
 {
-    if (device.atEnd())
-        return true;
-    if (textLine(device) != QLatin1String("FOLDER")) {
-        // No header: the whole file is record blocks.
-        device.seek(0);
-        return true;
-    }
-    while (!device.atEnd()) {
-        const QString line = textLine(device);
-        if (line == QLatin1String("END"))
-            return true;
-        // Unlike a record line, empty tokens are dropped here; old files rely on that.
-        const QStringList tokens = line.split(QLatin1Char('='), Qt::SkipEmptyParts);
-        if (!tokens.isEmpty())
-            readHeader(tokens);
-    }
-    return false;
+    return scanTextHeader(device, [this](const QStringList &tokens) { readHeader(tokens); });
 }
 
 void PIMManager::readBinary(QIODevice &device)
@@ -417,20 +424,11 @@ void PIMManager::findTextRecordPart()
     QFile old(fullPath());
     if (!old.open(QIODevice::ReadOnly))
         return;
-    if (textLine(old) != QLatin1String("FOLDER")) {
-        m_dataStart = 0;
-        return;
-    }
-    m_dataStart = old.size();
-    while (!old.atEnd()) {
-        const QString line = textLine(old);
-        if (line == QLatin1String("END")) {
-            m_dataStart = old.pos();
-            return;
-        }
-        if (line.startsWith(QLatin1String("TOTAL=")))
-            m_total = line.mid(6).toInt(nullptr, 10);
-    }
+    scanTextHeader(old, [this](const QStringList &tokens) {
+        if (tokens.first() == QLatin1String("TOTAL"))
+            m_total = tokens.value(1).toInt(nullptr, 10);
+    });
+    m_dataStart = old.pos();
 }
 
 bool PIMManager::writeBinary(QIODevice &device)
