@@ -13,7 +13,6 @@
 #include <QEvent>
 #include <QFile>
 #include <QFileInfo>
-#include <QHash>
 #include <QTextStream>
 
 #include <algorithm>
@@ -869,19 +868,12 @@ void PIMManager::makeSortedOrder()
     if (!m_sortAscending)
         std::reverse(m_view.begin(), m_view.end());
     prepareSort();
-    RecordSorter::sort(m_view);
-    rememberSortedOrder();
-}
-
-void PIMManager::rememberSortedOrder()
-{
-    QHash<const PIMRecord *, quint32> position;
-    position.reserve(m_records.size());
-    for (qsizetype i = 0; i < m_records.size(); ++i)
-        position.insert(m_records.at(i), quint32(i));
-    m_sortedOrder.resize(m_view.size());
-    for (qsizetype i = 0; i < m_view.size(); ++i)
-        m_sortedOrder[i] = position.value(m_view.at(i));
+    m_sortedOrder = RecordSorter::order(m_view);
+    if (!m_sortAscending) {
+        const quint32 last = quint32(m_records.size() - 1);
+        for (quint32 &position : m_sortedOrder)
+            position = last - position;
+    }
 }
 
 void PIMManager::insertIntoView(PIMRecord *record)

@@ -178,7 +178,6 @@ private:
     void fillView();
     void fillViewSorted();
     void makeSortedOrder();
-    void rememberSortedOrder();
     qsizetype ascendingPosition(const PIMRecord *record) const;
     qsizetype descendingPosition(const PIMRecord *record) const;
 

@@ -8,13 +8,27 @@
 
 void RecordSorter::sort(QList<PIMRecord *> &records)
 {
+    const QList<Entry> sorted = sortedEntries(records);
+    for (qsizetype i = 0; i < sorted.size(); ++i)
+        records[i] = sorted.at(i).record;
+}
+
+std::vector<quint32> RecordSorter::order(const QList<PIMRecord *> &records)
+{
+    const QList<Entry> sorted = sortedEntries(records);
+    std::vector<quint32> positions(records.size());
+    for (qsizetype i = 0; i < sorted.size(); ++i)
+        positions[i] = sorted.at(i).position;
+    return positions;
+}
+
+QList<RecordSorter::Entry> RecordSorter::sortedEntries(const QList<PIMRecord *> &records)
+{
     const qsizetype n = records.size();
-    if (n < 2)
-        return;
     QList<Entry> entries;
     entries.reserve(n);
-    for (PIMRecord *record : std::as_const(records))
-        entries.append(entry(record));
+    for (qsizetype i = 0; i < n; ++i)
+        entries.append(entry(records.at(i), quint32(i)));
     QList<Entry> buffer(n);
     Entry *from = entries.data();
     Entry *to = buffer.data();
@@ -26,26 +40,32 @@ void RecordSorter::sort(QList<PIMRecord *> &records)
         }
         std::swap(from, to);
     }
-    for (qsizetype i = 0; i < n; ++i)
-        records[i] = from[i].record;
+    return from == entries.data() ? entries : buffer;
 }
 
 // Characters past the end count as 0, below every character, as a shorter text is below a
 // longer one that begins the same: where two packings differ, the texts differ the same way.
-RecordSorter::Entry RecordSorter::entry(PIMRecord *record)
+RecordSorter::Entry RecordSorter::entry(PIMRecord *record, quint32 position)
 {
     Entry e;
     e.record = record;
+    e.position = position;
     e.ascending = record->manager() ? record->manager()->sortOrder() : true;
     const QStringList &keys = record->sortKeys();
-    e.keyCount = int(qMin<qsizetype>(keys.size(), 2));
+    e.keyCount = quint8(qMin<qsizetype>(keys.size(), 2));
     if (keys.isEmpty())
         return e;
     const QString &first = keys.first();
-    e.firstKey = first;
+    e.length = quint8(qMin<qsizetype>(first.size(), packedChars + 1));
     for (int i = 0; i < packedChars && i < first.size(); ++i)
         e.packed[i / 4] |= quint64(first.at(i).unicode()) << (16 * (3 - i % 4));
     return e;
+}
+
+QStringView RecordSorter::firstKey(const Entry &e)
+{
+    const QStringList &keys = e.record->sortKeys();
+    return keys.isEmpty() ? QStringView() : QStringView(keys.first());
 }
 
 // The answer of a.record->lessThan(*b.record), found from the packed characters or the
@@ -58,10 +78,14 @@ bool RecordSorter::lessThan(const Entry &a, const Entry &b)
     for (int w = 0; w < packedWords && order == 0; ++w)
         order = a.packed[w] < b.packed[w] ? -1 : (a.packed[w] > b.packed[w] ? 1 : 0);
     if (order == 0 && a.keyCount == 1) {
-        // Equal packings mean equal characters up to the shorter key or the packed length.
-        const qsizetype same
-            = std::min<qsizetype>(packedChars, std::min(a.firstKey.size(), b.firstKey.size()));
-        order = a.firstKey.sliced(same).compare(b.firstKey.sliced(same)) < 0 ? -1 : 1;
+        // Equal packings mean equal characters up to the shorter key or the packed length:
+        // the rest of two longer keys decides, or else the shorter key is less.
+        if (a.length > packedChars && b.length > packedChars)
+            order = firstKey(a).sliced(packedChars).compare(firstKey(b).sliced(packedChars)) < 0
+                ? -1
+                : 1;
+        else
+            order = a.length < b.length ? -1 : 1;
     }
     if (order < 0)
         return a.ascending;   // the first key is less

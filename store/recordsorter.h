@@ -5,6 +5,8 @@
 #include <QStringView>
 #include <QtGlobal>
 
+#include <vector>
+
 class PIMRecord;
 
 // Sorts a view by PIMRecord::lessThan. That comparison is no strict weak order (it never
@@ -16,23 +18,28 @@ class RecordSorter
 {
 public:
     static void sort(QList<PIMRecord *> &records);
+    // The same order as positions in records, which stays as it is.
+    static std::vector<quint32> order(const QList<PIMRecord *> &records);
 
 private:
     // A record with the first characters of its first key packed beside it: most
     // comparisons are decided here, without reaching into the record's keys in memory.
-    static constexpr int packedWords = 4;
+    static constexpr int packedWords = 6;
     static constexpr int packedChars = 4 * packedWords;
     struct Entry {
-        // The first 16 characters of the first key, four to a word, the first in the high bits.
+        // The first 24 characters of the first key, four to a word, the first in the high bits.
+        // Past them, the record's own key decides.
         quint64 packed[packedWords] = {};
-        // The whole first key, held by the record's key list for as long as the sort runs.
-        QStringView firstKey;
         PIMRecord *record = nullptr;
+        quint32 position = 0;
         bool ascending = true;
-        int keyCount = 0;   // 2 for two or more
+        quint8 keyCount = 0;   // 2 for two or more
+        quint8 length = 0;     // of the first key, packedChars + 1 for any longer
     };
 
-    static Entry entry(PIMRecord *record);
+    static QList<Entry> sortedEntries(const QList<PIMRecord *> &records);
+    static Entry entry(PIMRecord *record, quint32 position);
+    static QStringView firstKey(const Entry &e);
     static bool lessThan(const Entry &a, const Entry &b);
     static void mergeRuns(
         const Entry *from, Entry *to, qsizetype begin, qsizetype middle, qsizetype end);
