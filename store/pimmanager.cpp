@@ -2,6 +2,7 @@
 
 #include "platform/global.h"
 #include "store/binaryformat.h"
+#include "store/filewindow.h"
 #include "store/mrlpim.h"
 #include "store/pimrecord.h"
 #include "store/recordsorter.h"
@@ -146,16 +147,13 @@ bool PIMManager::load()
         m_errorString = tr("Cannot open \"%1\": %2").arg(path, file.errorString());
         return false;
     }
-    // A whole load parses from memory: asking the file for its size and end for every
-    // record and text costs a system call each. A header is read from the file alone.
-    QByteArray bytes;
-    QBuffer memory(&bytes);
+    // A whole load reads through a window of the file, which answers the parser's many
+    // questions of size and end without asking the system. A header is read from the file.
     QIODevice *source = &file;
+    FileWindow window(file);
     if (!m_headerOnly) {
-        bytes = file.readAll();
-        file.close();
-        memory.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
-        source = &memory;
+        window.open(QIODevice::ReadOnly);
+        source = &window;
     }
     if (m_format == BinaryFormat)
         readBinary(*source);
