@@ -14,12 +14,23 @@ QString absolute(const QString &path)
 
 std::unique_ptr<DataManager> CardOpener::open(const QString &path, QString *error)
 {
+    return load(path, false, error);
+}
+
+std::unique_ptr<DataManager> CardOpener::openHeader(const QString &path, QString *error)
+{
+    return load(path, true, error);
+}
+
+std::unique_ptr<DataManager> CardOpener::load(
+    const QString &path, bool headerOnly, QString *error)
+{
     const QString full = absolute(path);
     if (!QFileInfo(full).isFile()) {
         *error = QStringLiteral("%1: no such card").arg(path);
         return nullptr;
     }
-    auto manager = std::make_unique<DataManager>(full);
+    auto manager = std::make_unique<DataManager>(full, false, headerOnly);
     if (!manager->load()) {
         *error = manager->errorString();
         return nullptr;

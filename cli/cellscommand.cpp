@@ -47,26 +47,58 @@ void CellsCommand::declareOptions(ArgumentParser &parser) const
 
 int CellsCommand::run(const ArgumentParser &arguments)
 {
-    QString error;
-    const auto card = CardOpener::open(arguments.positional().at(0), &error);
+    int result = Success;
+    const auto card = openSelected(arguments, &result);
     if (!card)
-        return fail(error);
-    // The options choose what to look at for this run only.
-    card->setReadOnly(true);
-    error = select(arguments, *card);
-    if (!error.isEmpty())
-        return usageError(error);
-
-    const QList<int> shown = card->currentColumns();
-    const QList<FieldDef> &fields = card->fieldList();
-    for (const PIMRecord *record : card->view()) {
-        QString line = record->uidString();
-        const auto &data = *static_cast<const DataRecord *>(record);
-        for (const RecordCells::Cell &cell : RecordCells::cells(data, fields, shown))
-            line += QLatin1Char('\t') + cellText(cell);
-        out() << line << '\n';
+        return result;
+    const QList<int> columns = card->currentColumns();
+    const auto print = [&](const PIMRecord &record) { printRecord(*card, columns, record); };
+    if (card->isHeaderOnly()) {
+        // Each record is printed as it is read and then dropped, so a card of any size
+        // takes the memory of one record.
+        if (!card->visitPassingRecords(print))
+            return fail(card->errorString());
+        return Success;
     }
+    for (const PIMRecord *record : card->view())
+        print(*record);
     return Success;
+}
+
+std::unique_ptr<DataManager> CellsCommand::openSelected(
+    const ArgumentParser &arguments, int *result)
+{
+    const QString path = arguments.positional().at(0);
+    QString error;
+    for (const bool headerOnly : { true, false }) {
+        auto card = headerOnly ? CardOpener::openHeader(path, &error)
+                               : CardOpener::open(path, &error);
+        if (!card) {
+            *result = fail(error);
+            return nullptr;
+        }
+        // The options choose what to look at for this run only.
+        card->setReadOnly(true);
+        error = select(arguments, *card);
+        if (!error.isEmpty()) {
+            *result = usageError(error);
+            return nullptr;
+        }
+        // Without a sort the records show in the order of the file.
+        if (!headerOnly || (card->sortColumn() == -1 && card->sortOrder()))
+            return card;
+    }
+    return nullptr;
+}
+
+void CellsCommand::printRecord(
+    const DataManager &card, const QList<int> &columns, const PIMRecord &record)
+{
+    QString line = record.uidString();
+    const auto &data = static_cast<const DataRecord &>(record);
+    for (const RecordCells::Cell &cell : RecordCells::cells(data, card.fieldList(), columns))
+        line += QLatin1Char('\t') + cellText(cell);
+    out() << line << '\n';
 }
 
 QString CellsCommand::select(const ArgumentParser &arguments, DataManager &card)

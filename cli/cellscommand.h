@@ -3,8 +3,13 @@
 
 #include "cli/clicommand.h"
 
+#include <QList>
+
+#include <memory>
+
 class DataManager;
 class FilterDef;
+class PIMRecord;
 
 // cells CARD [--view N] [--filter N] [--sort FIELD] [--descending] [--find TEXT]: the visible
 // records as the main window's list shows them, one line each.
@@ -29,6 +34,10 @@ protected:
     int run(const ArgumentParser &arguments) override;
 
 private:
+    // Opens the card with the options applied: header-only when its records can be printed
+    // as they are read, in file order, else whole.
+    std::unique_ptr<DataManager> openSelected(const ArgumentParser &arguments, int *result);
+    void printRecord(const DataManager &card, const QList<int> &columns, const PIMRecord &record);
     // Applies the options to the card in memory; an empty text, or what is wrong.
     static QString select(const ArgumentParser &arguments, DataManager &card);
     // "contains" TEXT on all text fields, in place of any other filter.

@@ -17,6 +17,7 @@
 #include <QTextStream>
 
 #include <algorithm>
+#include <memory>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -187,21 +188,8 @@ void PIMManager::readText(QIODevice &device)
     if (!readTextHeader(device))
         m_damaged = true;
     m_dataStart = device.pos();
-    if (m_headerOnly)
-        return;
-    QTextStream stream(&device);
-    stream.setEncoding(QStringConverter::Utf8);
-    const qint64 expected = prepareRecords(device.size() - m_dataStart, minTextRecordBytes);
-    while (m_records.size() < expected && !stream.atEnd()) {
-        PIMRecord *record = createRecord();
-        if (!record->read(stream)) {
-            delete record;
-            m_damaged = true;
-            break;
-        }
-        m_records.append(record);
-    }
-    checkRecordCount();
+    if (!m_headerOnly)
+        readAllRecords(device);
 }
 
 // False when a header was begun but not closed by its "END".
@@ -223,20 +211,72 @@ void PIMManager::readBinary(QIODevice &device)
         return;
     }
     m_dataStart = device.pos();
-    if (m_headerOnly)
+    if (!m_headerOnly)
+        readAllRecords(device);
+}
+
+void PIMManager::readAllRecords(QIODevice &device)
+{
+    const qint64 minBytes = m_format == BinaryFormat ? minBinaryRecordBytes : minTextRecordBytes;
+    const qint64 expected = prepareRecords(device.size() - device.pos(), minBytes);
+    readRecords(device, expected, [this](PIMRecord *record) { m_records.append(record); });
+    // A file holding fewer records than its header states lost some of them.
+    if (m_total >= 0 && m_records.size() < m_total)
+        m_damaged = true;
+}
+
+// Reads records from where the device stands until expected were read or the file ends, and
+// hands each over to take, which owns it from then. A record cut off marks the load damaged
+// and ends it.
+void PIMManager::readRecords(
+    QIODevice &device, qint64 expected, const std::function<void(PIMRecord *)> &take)
+{
+    if (m_format == BinaryFormat) {
+        QDataStream stream(&device);
+        ::BinaryFormat::prepare(stream);
+        for (qint64 count = 0; count < expected && !stream.atEnd(); ++count) {
+            PIMRecord *record = createBlankRecord();
+            record->read(stream);
+            if (!::BinaryFormat::ok(stream)) {
+                delete record;
+                m_damaged = true;
+                break;
+            }
+            take(record);
+        }
         return;
-    const qint64 expected = prepareRecords(device.size() - m_dataStart, minBinaryRecordBytes);
-    while (m_records.size() < expected && !stream.atEnd()) {
-        PIMRecord *record = createBlankRecord();
-        record->read(stream);
-        if (!::BinaryFormat::ok(stream)) {
+    }
+    QTextStream stream(&device);
+    stream.setEncoding(QStringConverter::Utf8);
+    for (qint64 count = 0; count < expected && !stream.atEnd(); ++count) {
+        PIMRecord *record = createRecord();
+        if (!record->read(stream)) {
             delete record;
             m_damaged = true;
             break;
         }
-        m_records.append(record);
+        take(record);
     }
-    checkRecordCount();
+}
+
+bool PIMManager::visitPassingRecords(const std::function<void(const PIMRecord &)> &visit)
+{
+    QFile file(fullPath());
+    FileWindow window(file);
+    if (!file.open(QIODevice::ReadOnly) || !window.open(QIODevice::ReadOnly)
+        || !window.seek(m_dataStart)) {
+        m_errorString = tr("Cannot open \"%1\": %2").arg(fullPath(), file.errorString());
+        return false;
+    }
+    beginAcceptPass();
+    const qint64 expected = m_total < 0 ? std::numeric_limits<qint64>::max() : m_total;
+    readRecords(window, expected, [this, &visit](PIMRecord *record) {
+        const std::unique_ptr<PIMRecord> owned(record);
+        if (accept(record))
+            visit(*record);
+    });
+    endAcceptPass();
+    return true;
 }
 
 // How many records to read: the header's total, or all there are when it states none. The
@@ -248,13 +288,6 @@ qint64 PIMManager::prepareRecords(qint64 bytesLeft, qint64 minRecordBytes)
         return std::numeric_limits<qint64>::max();
     m_records.reserve(qMin<qint64>(m_total, qMax<qint64>(0, bytesLeft) / minRecordBytes));
     return m_total;
-}
-
-// A file holding fewer records than its header states lost some of them.
-void PIMManager::checkRecordCount()
-{
-    if (m_total >= 0 && m_records.size() < m_total)
-        m_damaged = true;
 }
 
 void PIMManager::readHeader(const QStringList &tokens)

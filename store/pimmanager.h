@@ -10,6 +10,7 @@
 
 #include <uuid/uuid.h>
 
+#include <functional>
 #include <vector>
 
 class PIMRecord;
@@ -49,6 +50,11 @@ public:
     // A card opened only to be looked at: changes stay in memory and saving writes nothing.
     void setReadOnly(bool readOnly) { m_readOnly = readOnly; }
     bool isReadOnly() const { return m_readOnly; }
+    // For a manager made header-only and loaded: reads the records of its file one at a time
+    // and hands each that passes the current filter to visit, keeping none, so that memory
+    // stays that of one record whatever the size of the file. The order is the file's.
+    // False when the file cannot be read.
+    bool visitPassingRecords(const std::function<void(const PIMRecord &)> &visit);
     // The last load found a damaged or truncated file and kept what was whole.
     bool loadedDamaged() const { return m_damaged; }
     // Why the last load or save failed, for the user.
@@ -165,7 +171,9 @@ private:
     bool readTextHeader(QIODevice &device);
     void readBinary(QIODevice &device);
     qint64 prepareRecords(qint64 bytesLeft, qint64 minRecordBytes);
-    void checkRecordCount();
+    void readAllRecords(QIODevice &device);
+    void readRecords(
+        QIODevice &device, qint64 expected, const std::function<void(PIMRecord *)> &take);
     bool writePending(const QString &pending);
     bool writeText(QIODevice &device);
     void findTextRecordPart();

@@ -337,6 +337,7 @@ void TestCliCommands::cellsFollowTheOptions_data()
         return lines;
     };
     QTest::newRow("store order, all fields") << QStringList() << joined({pear, apple, fig});
+    QTest::newRow("store order reversed") << QStringList{"--descending"} << joined({fig, apple, pear});
     QTest::newRow("sort by text") << QStringList{"--sort", "0"} << joined({apple, fig, pear});
     QTest::newRow("sort by number") << QStringList{"--sort", "1"} << joined({fig, pear, apple});
     QTest::newRow("filter") << QStringList{"--filter", "0"} << joined({pear, fig});
