@@ -3,9 +3,11 @@
 #include "card/datamanager.h"
 #include "card/fielddef.h"
 #include "reminders/reminder.h"
+#include "store/bigendianwriter.h"
 #include "store/binaryformat.h"
 
 #include <QDataStream>
+#include <QIODevice>
 
 #include <vector>
 
@@ -169,39 +171,51 @@ QList<FieldDef> DataRecord::fieldList() const
     return owner ? owner->fieldList() : QList<FieldDef>();
 }
 
-void DataRecord::write(QDataStream &stream) const
+void DataRecord::encode(BigEndianWriter &out) const
 {
-    PIMRecord::write(stream);
+    PIMRecord::encode(out);
     const QList<FieldDef> fields = fieldList();
     for (int i = 0; i < fields.size(); ++i)
-        writeSlot(stream, i, fields.at(i).type);
+        encodeSlot(out, i, fields.at(i).type);
+    out.putString(memo());
+    out.putString(image());
     const Reminder *held = reminder();
-    stream << memo() << image() << qint32(held ? 1 : 0);
-    if (held)
+    out.putInt32(held ? 1 : 0);
+    if (held) {
+        QByteArray bytes;
+        QDataStream stream(&bytes, QIODevice::WriteOnly);
+        BinaryFormat::prepare(stream);
         held->write(stream);
+        out.putRaw(bytes.constData(), bytes.size());
+    }
 }
 
-void DataRecord::writeSlot(QDataStream &stream, int i, int type) const
+void DataRecord::encodeSlot(BigEndianWriter &out, int i, int type) const
 {
     switch (FieldDef::family(type)) {
-    case FieldDef::TextFamily:
-        stream << stringValue(i);
+    case FieldDef::TextFamily: {
+        const PackedSlots::Slot value = m_values.slot(i);
+        if (value.kind == PackedSlots::Text && value.length != PackedSlots::nullText)
+            out.putUtf16(value.text, value.length);
+        else
+            out.putNullString();
         break;
+    }
     case FieldDef::NumberFamily:
         // Integer types are stored cut to whole numbers; a fraction from a formula is lost.
         if (type == FieldDef::Double)
-            stream << doubleValue(i);
+            out.putDouble(doubleValue(i));
         else
-            stream << qint32(intValue(i));
+            out.putInt32(intValue(i));
         break;
     case FieldDef::DateFamily:
-        stream << dateValue(i);
+        out.putDate(dateValue(i));
         break;
     case FieldDef::TimeFamily:
-        stream << timeValue(i);
+        out.putTime(timeValue(i));
         break;
     case FieldDef::DateTimeFamily:
-        stream << m_values.stamp(i);
+        m_values.stamp(i).encode(out);
         break;
     case FieldDef::NoSlot:
         break;

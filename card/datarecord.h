@@ -65,7 +65,7 @@ public:
     void setReminder(Reminder *reminder);
 
     // The slots by the field types of the manager, then memo, image and the reminder.
-    void write(QDataStream &stream) const override;
+    void encode(BigEndianWriter &out) const override;
     void read(QDataStream &stream) override;
 
     // Rebuilds the slots for a changed schema: map[i] is the new index of old field i, or
@@ -75,7 +75,7 @@ public:
 
 private:
     QList<FieldDef> fieldList() const;
-    void writeSlot(QDataStream &stream, int i, int type) const;
+    void encodeSlot(BigEndianWriter &out, int i, int type) const;
     void readReminder(QDataStream &stream);
 
     // Memo, image and reminder: most records have none of them, so they live apart and a

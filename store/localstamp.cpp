@@ -1,5 +1,7 @@
 #include "store/localstamp.h"
 
+#include "store/bigendianwriter.h"
+
 #include <QDataStream>
 
 // The day is kept as the old stream versions write it: the Julian day cut to 32 bits, and 0
@@ -19,6 +21,12 @@ QDataStream &operator>>(QDataStream &stream, LocalStamp &stamp)
 // The old stream versions write a date-time as its date and its time, whatever the zone, and a
 // time that is no time of day as none. Written directly: a QDateTime of the local zone would
 // first work out the zone's offset, a C library call for each stamp of every record saved.
+void LocalStamp::encode(BigEndianWriter &out) const
+{
+    out.putUInt32(m_day);
+    out.putTime(m_time);
+}
+
 QDataStream &operator<<(QDataStream &stream, const LocalStamp &stamp)
 {
     if (stream.version() >= QDataStream::Qt_4_0)

@@ -5,6 +5,7 @@
 #include <QDateTime>
 #include <QTime>
 
+class BigEndianWriter;
 class QDataStream;
 
 // A local date and time as a card file holds it: a 32-bit Julian day (0 for none) and the
@@ -21,6 +22,9 @@ public:
     QDate date() const { return m_day == 0 ? QDate() : QDate::fromJulianDay(m_day); }
     // The value the stream's own QDateTime reading makes of the same bytes.
     QDateTime toDateTime() const { return QDateTime(date(), m_time); }
+
+    // Puts the stamp as the stream of the card's old version writes it.
+    void encode(BigEndianWriter &out) const;
 
     friend QDataStream &operator>>(QDataStream &stream, LocalStamp &stamp);
     friend QDataStream &operator<<(QDataStream &stream, const LocalStamp &stamp);

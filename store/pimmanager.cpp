@@ -1,13 +1,13 @@
 #include "store/pimmanager.h"
 
 #include "platform/global.h"
+#include "store/bigendianwriter.h"
 #include "store/binaryformat.h"
 #include "store/filewindow.h"
 #include "store/mrlpim.h"
 #include "store/pimrecord.h"
 #include "store/recordsorter.h"
 
-#include <QBuffer>
 #include <QCoreApplication>
 #include <QDataStream>
 #include <QDir>
@@ -476,23 +476,16 @@ bool PIMManager::writeBinary(QIODevice &device)
 // many small writes through its own buffer, which costs more than the bytes themselves.
 bool PIMManager::writeRecordsBinary(QIODevice &device) const
 {
-    QByteArray chunk;
-    chunk.reserve(recordChunkSize + recordChunkSize / 4);
-    QBuffer buffer(&chunk);
-    buffer.open(QIODevice::WriteOnly);
-    QDataStream stream(&buffer);
-    ::BinaryFormat::prepare(stream);
-    auto flushChunk = [&] {
-        const qint64 bytes = buffer.pos();
-        buffer.seek(0);
-        return device.write(chunk.constData(), bytes) == bytes;
-    };
+    BigEndianWriter out;
     for (const PIMRecord *record : std::as_const(m_records)) {
-        record->write(stream);
-        if (buffer.pos() >= recordChunkSize && !flushChunk())
-            return false;
+        record->encode(out);
+        if (out.size() >= recordChunkSize) {
+            if (device.write(out.data(), out.size()) != out.size())
+                return false;
+            out.clear();
+        }
     }
-    return ::BinaryFormat::ok(stream) && flushChunk();
+    return device.write(out.data(), out.size()) == out.size();
 }
 
 void PIMManager::writeHeader(QTextStream &stream) const

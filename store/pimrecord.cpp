@@ -1,5 +1,6 @@
 #include "store/pimrecord.h"
 
+#include "store/bigendianwriter.h"
 #include "store/binaryformat.h"
 #include "store/mrlpim.h"
 #include "store/pimmanager.h"
@@ -236,12 +237,22 @@ void PIMRecord::write(QTextStream &stream) const
 
 void PIMRecord::write(QDataStream &stream) const
 {
-    stream.writeRawData(reinterpret_cast<const char *>(m_uid), sizeof(uuid_t));
-    stream << m_created << m_updated;
-    stream << qint32(m_properties.size());
-    for (auto it = m_properties.cbegin(); it != m_properties.cend(); ++it)
-        stream << it.key() << it.value();
-    stream << m_categories;
+    BigEndianWriter out;
+    encode(out);
+    stream.writeRawData(out.data(), int(out.size()));
+}
+
+void PIMRecord::encode(BigEndianWriter &out) const
+{
+    out.putRaw(m_uid, sizeof(uuid_t));
+    m_created.encode(out);
+    m_updated.encode(out);
+    out.putInt32(qint32(properties().size()));
+    for (auto it = properties().cbegin(); it != properties().cend(); ++it) {
+        out.putString(it.key());
+        out.putString(it.value());
+    }
+    out.putStringList(categories());
 }
 
 void PIMRecord::read(QDataStream &stream)

@@ -10,6 +10,7 @@
 
 #include <uuid/uuid.h>
 
+class BigEndianWriter;
 class PIMManager;
 class QDataStream;
 class QTextStream;
@@ -79,8 +80,9 @@ public:
     virtual void readField(const QString &key, const QStringList &tokens, QTextStream &stream);
     virtual void write(QTextStream &stream) const;
 
-    // Binary form
-    virtual void write(QDataStream &stream) const;
+    // Binary form. write() puts what encode() makes into the stream in one piece.
+    void write(QDataStream &stream) const;
+    virtual void encode(BigEndianWriter &out) const;
     virtual void read(QDataStream &stream);
 
 private:
