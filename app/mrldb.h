@@ -50,6 +50,8 @@ public:
     // loads it and shows its records. An empty path opens the first available card. A card
     // without a password opens without any dialog, so tests and benchmarks can drive this.
     void openCard(const QString &path);
+    // Saves the open card, if any, and shows none.
+    void closeCard();
     DataManager *openedCard() const { return manager; }
     DBManager *cards() const { return cardList; }
     ListView *records() const { return recordList; }
@@ -141,7 +143,6 @@ private:
     QAction *addFilterEntry(const QString &title, int id, bool checked);
     void addViewEntry(const QString &title, int id, bool checked);
     void reopenCard();
-    void closeCard();
     QString saveForTransfer(bool close);
     QString firstAvailableCard() const;
     void setCardSetting(const QString &path);
