@@ -52,38 +52,55 @@ int PackedSlots::count() const
     return int(header.count);
 }
 
+std::size_t PackedSlots::valuesOffset(std::size_t count)
+{
+    static_assert(sizeof(Header) % valueBytes == 0);
+    return sizeof(Header) + (count + valueBytes - 1) / valueBytes * valueBytes;
+}
+
+std::size_t PackedSlots::textsOffset(std::size_t count)
+{
+    return valuesOffset(count) + count * valueBytes;
+}
+
 std::size_t PackedSlots::blockBytes() const
 {
     Header header;
     std::memcpy(&header, m_block.get(), sizeof header);
-    return sizeof(Header) + std::size_t(header.count) * cellBytes
-        + std::size_t(header.textUnits) * sizeof(char16_t);
+    return textsOffset(header.count) + std::size_t(header.textUnits) * sizeof(char16_t);
 }
 
-const unsigned char *PackedSlots::cell(int i) const
+const unsigned char *PackedSlots::valueBits(int i) const
 {
-    return m_block.get() + sizeof(Header) + std::size_t(i) * cellBytes;
+    return m_block.get() + valuesOffset(std::size_t(count())) + std::size_t(i) * valueBytes;
 }
 
 const char16_t *PackedSlots::texts() const
 {
-    return reinterpret_cast<const char16_t *>(cell(count()));
+    return reinterpret_cast<const char16_t *>(m_block.get() + textsOffset(std::size_t(count())));
 }
 
 PackedSlots::Kind PackedSlots::kind(int i) const
 {
-    return i >= 0 && i < count() ? Kind(*cell(i)) : Unset;
+    return i >= 0 && i < count() ? Kind(m_block[sizeof(Header) + std::size_t(i)]) : Unset;
 }
 
-// A cell is its kind, three spare bytes and eight bytes of value; a text's value is the
-// offset of its characters in the text area and their count (nullText for a null string).
+void PackedSlots::putValue(
+    unsigned char *block, std::size_t count, int i, Kind kind, const unsigned char *bits)
+{
+    block[sizeof(Header) + std::size_t(i)] = kind;
+    std::memcpy(block + valuesOffset(count) + std::size_t(i) * valueBytes, bits, valueBytes);
+}
+
+// A text's value is the offset of its characters in the text area and their count (nullText
+// for a null string).
 PackedSlots::Slot PackedSlots::slot(int i) const
 {
     Slot value;
     value.kind = kind(i);
     if (value.kind == Unset)
         return value;
-    std::memcpy(value.bits, cell(i) + 4, sizeof value.bits);
+    std::memcpy(value.bits, valueBits(i), sizeof value.bits);
     if (value.kind == Text) {
         quint32 offset = 0;
         std::memcpy(&offset, value.bits, sizeof offset);
@@ -98,11 +115,9 @@ void PackedSlots::setSlot(int i, const Slot &value)
     const int n = count();
     if (i < 0 || i >= n)
         return;
-    // A value without text over one without text changes only its own cell.
+    // A value without text over one without text changes only its own kind and value.
     if (value.kind != Text && kind(i) != Text) {
-        unsigned char *own = m_block.get() + sizeof(Header) + std::size_t(i) * cellBytes;
-        own[0] = value.kind;
-        std::memcpy(own + 4, value.bits, sizeof value.bits);
+        putValue(m_block.get(), std::size_t(n), i, value.kind, value.bits);
         return;
     }
     if (value.kind == Text && heldUnits(i) == 0) {
@@ -138,10 +153,10 @@ void PackedSlots::appendText(int i, const Slot &value)
     const quint32 offset = header.textUnits;
     header.textUnits += units;
     std::memcpy(block.get(), &header, sizeof header);
-    unsigned char *own = block.get() + sizeof(Header) + std::size_t(i) * cellBytes;
-    own[0] = Text;
-    std::memcpy(own + 4, &offset, sizeof offset);
-    std::memcpy(own + 8, &value.length, sizeof value.length);
+    unsigned char bits[valueBytes];
+    std::memcpy(bits, &offset, sizeof offset);
+    std::memcpy(bits + 4, &value.length, sizeof value.length);
+    putValue(block.get(), header.count, i, Text, bits);
     m_block = std::move(block);
 }
 
@@ -156,22 +171,23 @@ PackedSlots PackedSlots::assemble(int count, const Slot *values)
             units += values[i].length;
     }
     const Header header { quint32(count), quint32(units) };
-    const std::size_t cells = sizeof(Header) + std::size_t(count) * cellBytes;
-    packed.m_block = std::make_unique<unsigned char[]>(cells + units * sizeof(char16_t));
+    const std::size_t n = std::size_t(count);
+    const std::size_t textStart = textsOffset(n);
+    packed.m_block = std::make_unique<unsigned char[]>(textStart + units * sizeof(char16_t));
     unsigned char *block = packed.m_block.get();
     std::memcpy(block, &header, sizeof header);
-    auto *text = reinterpret_cast<char16_t *>(block + cells);
+    auto *text = reinterpret_cast<char16_t *>(block + textStart);
     quint32 offset = 0;
     for (int i = 0; i < count; ++i) {
-        unsigned char *out = block + sizeof(Header) + std::size_t(i) * cellBytes;
         const Slot &in = values[i];
-        out[0] = in.kind;
         if (in.kind != Text) {
-            std::memcpy(out + 4, in.bits, sizeof in.bits);
+            putValue(block, n, i, in.kind, in.bits);
             continue;
         }
-        std::memcpy(out + 4, &offset, sizeof offset);
-        std::memcpy(out + 8, &in.length, sizeof in.length);
+        unsigned char bits[valueBytes];
+        std::memcpy(bits, &offset, sizeof offset);
+        std::memcpy(bits + 4, &in.length, sizeof in.length);
+        putValue(block, n, i, Text, bits);
         if (in.length != nullText && in.length > 0) {
             std::memcpy(text + offset, in.text, in.length * sizeof(char16_t));
             offset += in.length;
@@ -185,7 +201,7 @@ template <typename T> T PackedSlots::valueOf(int i, Kind wanted) const
     if (kind(i) != wanted)
         return T();
     T value;
-    std::memcpy(static_cast<void *>(&value), cell(i) + 4, sizeof value);
+    std::memcpy(static_cast<void *>(&value), valueBits(i), sizeof value);
     return value;
 }
 

@@ -13,9 +13,9 @@
 class FieldDef;
 class QDataStream;
 
-// The value slots of one record in a single allocation: a small header, one fixed-size cell per
-// slot (its kind and eight bytes of value), then the UTF-16 of all its texts. A text is made
-// into a QString only when asked for. Changing a slot builds the block anew, unless the slot held
+// The value slots of one record in a single allocation: a small header, one byte of kind per
+// slot, eight bytes of value per slot, then the UTF-16 of all its texts. A text is made into a
+// QString only when asked for. Changing a slot builds the block anew, unless the slot held
 // no characters: then the new ones go behind the rest. Loading a record reads its slots into
 // scratch room and copies them into one block of the exact size.
 class PackedSlots
@@ -71,9 +71,16 @@ private:
         quint32 count;
         quint32 textUnits;
     };
-    static constexpr int cellBytes = 12;
+    // The kinds come right after the header, padded to a multiple of eight bytes so that the
+    // values behind them stay eight-aligned; keeping kinds and values apart spares the padding
+    // a kind beside each value would need.
+    static constexpr std::size_t valueBytes = 8;
+    static std::size_t valuesOffset(std::size_t count);
+    static std::size_t textsOffset(std::size_t count);
+    static void putValue(
+        unsigned char *block, std::size_t count, int i, Kind kind, const unsigned char *bits);
 
-    const unsigned char *cell(int i) const;
+    const unsigned char *valueBits(int i) const;
     quint32 heldUnits(int i) const;
     void appendText(int i, const Slot &value);
     const char16_t *texts() const;

@@ -12,7 +12,17 @@ namespace
 {
 // A property is at least its key and value, each a 4-byte length.
 constexpr qint64 minPropertyBytes = 8;
+
+// What a record without details answers with.
+const QMap<QString, QString> noProperties;
+const QStringList noStrings;
 } // namespace
+
+struct PIMRecord::Details {
+    QMap<QString, QString> properties;
+    QStringList sortKeys;
+    QStringList categories;
+};
 
 PIMRecord::PIMRecord(PIMManager *manager)
     : m_manager(manager)
@@ -32,11 +42,10 @@ PIMRecord::PIMRecord(const PIMRecord &other)
     : m_created(other.m_created)
     , m_updated(other.m_updated)
     , m_manager(other.m_manager)
-    , m_properties(other.m_properties)
-    , m_sortKeys(other.m_sortKeys)
-    , m_categories(other.m_categories)
 {
     uuid_copy(m_uid, other.m_uid);
+    if (other.m_details)
+        m_details = std::make_unique<Details>(*other.m_details);
 }
 
 PIMRecord::~PIMRecord() = default;
@@ -64,26 +73,39 @@ void PIMRecord::markManagerChanged()
         m_manager->haveChange();
 }
 
+PIMRecord::Details &PIMRecord::details()
+{
+    if (!m_details)
+        m_details = std::make_unique<Details>();
+    return *m_details;
+}
+
 void PIMRecord::setProperty(const QString &key, const QString &value)
 {
-    m_properties.insert(key, value);
+    details().properties.insert(key, value);
     markManagerChanged();
 }
 
 QString PIMRecord::property(const QString &key) const
 {
-    return m_properties.value(key);
+    return m_details ? m_details->properties.value(key) : QString();
 }
 
 bool PIMRecord::hasProperty(const QString &key) const
 {
-    return m_properties.contains(key);
+    return m_details && m_details->properties.contains(key);
 }
 
 void PIMRecord::removeProperty(const QString &key)
 {
-    m_properties.remove(key);
+    if (m_details)
+        m_details->properties.remove(key);
     markManagerChanged();
+}
+
+const QMap<QString, QString> &PIMRecord::properties() const
+{
+    return m_details ? m_details->properties : noProperties;
 }
 
 void PIMRecord::save(PIMRecord *old)
@@ -120,28 +142,55 @@ bool PIMRecord::isFirst() const
 bool PIMRecord::lessThan(const PIMRecord &other) const
 {
     const bool ascending = m_manager ? m_manager->sortOrder() : true;
-    for (qsizetype i = 0; i < m_sortKeys.size(); ++i) {
-        if (m_sortKeys.at(i) < other.m_sortKeys.value(i))
+    const QStringList &mine = sortKeys();
+    const QStringList &theirs = other.sortKeys();
+    for (qsizetype i = 0; i < mine.size(); ++i) {
+        if (mine.at(i) < theirs.value(i))
             return ascending;
     }
     return !ascending;
 }
 
+void PIMRecord::setSortKeys(const QStringList &keys)
+{
+    if (m_details || !keys.isEmpty())
+        details().sortKeys = keys;
+}
+
 void PIMRecord::setSortKey(const QString &key)
 {
-    if (m_sortKeys.size() == 1)
-        m_sortKeys.first() = key;
+    QStringList &keys = details().sortKeys;
+    if (keys.size() == 1)
+        keys.first() = key;
     else
-        m_sortKeys = QStringList { key };
+        keys = QStringList { key };
+}
+
+const QStringList &PIMRecord::sortKeys() const
+{
+    return m_details ? m_details->sortKeys : noStrings;
 }
 
 bool PIMRecord::sortKeysEqual(const PIMRecord &other) const
 {
-    for (qsizetype i = 0; i < m_sortKeys.size(); ++i) {
-        if (m_sortKeys.at(i) != other.m_sortKeys.value(i))
+    const QStringList &mine = sortKeys();
+    const QStringList &theirs = other.sortKeys();
+    for (qsizetype i = 0; i < mine.size(); ++i) {
+        if (mine.at(i) != theirs.value(i))
             return false;
     }
     return true;
+}
+
+void PIMRecord::setCategories(const QStringList &list)
+{
+    if (m_details || !list.isEmpty())
+        details().categories = list;
+}
+
+const QStringList &PIMRecord::categories() const
+{
+    return m_details ? m_details->categories : noStrings;
 }
 
 QList<PIMRecord *> PIMRecord::foundCategories() const
@@ -150,7 +199,7 @@ QList<PIMRecord *> PIMRecord::foundCategories() const
     const PIMManager *related = m_manager ? m_manager->relatedManager() : nullptr;
     if (!related)
         return found;
-    for (const QString &uidText : m_categories) {
+    for (const QString &uidText : categories()) {
         if (PIMRecord *category = related->findByUid(uidText))
             found.append(category);
     }
@@ -210,9 +259,9 @@ bool PIMRecord::read(QTextStream &stream)
             if (tokens.size() < 2)
                 continue;
             const QString name = tokens.takeAt(1);
-            m_properties.insert(name, MRLPIM::unescape(tokens));
+            details().properties.insert(name, MRLPIM::unescape(tokens));
         } else if (key == QLatin1String("CATS")) {
-            m_categories = MRLPIM::unescape(tokens).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+            setCategories(MRLPIM::unescape(tokens).split(QLatin1Char('\n'), Qt::SkipEmptyParts));
         } else {
             readField(key, tokens, stream);
         }
@@ -228,10 +277,12 @@ void PIMRecord::write(QTextStream &stream) const
     stream << "UID=" << uidString() << '\n';
     stream << "CREATED=" << MRLPIM::dateTimeToString(created()) << '\n';
     stream << "UPDATED=" << MRLPIM::dateTimeToString(updated()) << '\n';
-    for (auto it = m_properties.cbegin(); it != m_properties.cend(); ++it)
+    const QMap<QString, QString> &props = properties();
+    for (auto it = props.cbegin(); it != props.cend(); ++it)
         stream << "PROP=" << it.key() << '=' << MRLPIM::escape(it.value()) << '\n';
-    if (!m_categories.isEmpty())
-        stream << "CATS=" << MRLPIM::escape(m_categories.join(QLatin1Char('\n'))) << '\n';
+    const QStringList &cats = categories();
+    if (!cats.isEmpty())
+        stream << "CATS=" << MRLPIM::escape(cats.join(QLatin1Char('\n'))) << '\n';
     stream << "END\n";
 }
 
@@ -247,8 +298,9 @@ void PIMRecord::encode(BigEndianWriter &out) const
     out.putRaw(m_uid, sizeof(uuid_t));
     m_created.encode(out);
     m_updated.encode(out);
-    out.putInt32(qint32(properties().size()));
-    for (auto it = properties().cbegin(); it != properties().cend(); ++it) {
+    const QMap<QString, QString> &props = properties();
+    out.putInt32(qint32(props.size()));
+    for (auto it = props.cbegin(); it != props.cend(); ++it) {
         out.putString(it.key());
         out.putString(it.value());
     }
@@ -272,8 +324,11 @@ void PIMRecord::read(QDataStream &stream)
         BinaryFormat::readString(stream, key);
         BinaryFormat::readString(stream, value);
         if (BinaryFormat::ok(stream))
-            m_properties.insert(key, value);
+            details().properties.insert(key, value);
     }
-    if (BinaryFormat::ok(stream))
-        BinaryFormat::readStringList(stream, m_categories);
+    if (BinaryFormat::ok(stream)) {
+        QStringList list;
+        BinaryFormat::readStringList(stream, list);
+        setCategories(list);
+    }
 }

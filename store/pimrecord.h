@@ -8,6 +8,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <memory>
+
 #include <uuid/uuid.h>
 
 class BigEndianWriter;
@@ -46,7 +48,7 @@ public:
     QString property(const QString &key) const;
     bool hasProperty(const QString &key) const;
     void removeProperty(const QString &key);
-    const QMap<QString, QString> &properties() const { return m_properties; }
+    const QMap<QString, QString> &properties() const;
 
     // Passing to the manager. save() updates a record the manager holds, which deletes old
     // (the copy from before the edit); otherwise it adds the record and leaves old alone.
@@ -58,16 +60,16 @@ public:
     void setManager(PIMManager *manager) { m_manager = manager; }
 
     // Sort keys
-    void setSortKeys(const QStringList &keys) { m_sortKeys = keys; }
+    void setSortKeys(const QStringList &keys);
     // The same for one key, reusing the list a record already has.
     void setSortKey(const QString &key);
-    const QStringList &sortKeys() const { return m_sortKeys; }
+    const QStringList &sortKeys() const;
     bool lessThan(const PIMRecord &other) const;
     bool sortKeysEqual(const PIMRecord &other) const;
 
     // Categories: UID texts of records of the manager's related manager
-    void setCategories(const QStringList &list) { m_categories = list; }
-    const QStringList &categories() const { return m_categories; }
+    void setCategories(const QStringList &list);
+    const QStringList &categories() const;
     QString categoryTitle(bool markMore) const;
     QStringList categoryTitles() const;
     PIMRecord *firstCategory() const;
@@ -89,13 +91,16 @@ private:
     QList<PIMRecord *> foundCategories() const;
     void markManagerChanged();
 
+    // Properties, sort keys and categories: most records of a loaded card have none of them,
+    // so they live apart and a record without them pays one pointer.
+    struct Details;
+    Details &details();
+
     uuid_t m_uid;
     LocalStamp m_created;
     LocalStamp m_updated;
     PIMManager *m_manager;
-    QMap<QString, QString> m_properties;
-    QStringList m_sortKeys;
-    QStringList m_categories;
+    std::unique_ptr<Details> m_details;
 };
 
 #endif

@@ -189,6 +189,7 @@ void TestPIMRecord::binaryExactBytes()
                                                     "00000002"
                                                     "0063");
     QCOMPARE(binaryOf(record).toHex(), expected.toHex());
+    QCOMPARE(binaryOf(PIMRecord(record)), expected);
 
     PIMRecord copy(nullptr);
     QDataStream stream(expected);
@@ -212,6 +213,8 @@ void TestPIMRecord::lessThanWalksKeys_data()
     QTest::newRow("greater first, lower second") << ba << ab << true << false;
     QTest::newRow("lower first, greater second") << ab << ba << true << false;
     QTest::newRow("no keys") << QStringList() << QStringList() << false << true;
+    QTest::newRow("keys against none") << a << QStringList() << false << false;
+    QTest::newRow("none against keys") << QStringList() << a << false << true;
 }
 
 // A greater key decides nothing, so records crossing on two keys are each less than the
