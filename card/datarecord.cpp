@@ -174,9 +174,7 @@ QList<FieldDef> DataRecord::fieldList() const
 void DataRecord::encode(BigEndianWriter &out) const
 {
     PIMRecord::encode(out);
-    const QList<FieldDef> fields = fieldList();
-    for (int i = 0; i < fields.size(); ++i)
-        encodeSlot(out, i, fields.at(i).type);
+    m_values.write(out, fieldList());
     out.putString(memo());
     out.putString(image());
     const Reminder *held = reminder();
@@ -187,38 +185,6 @@ void DataRecord::encode(BigEndianWriter &out) const
         BinaryFormat::prepare(stream);
         held->write(stream);
         out.putRaw(bytes.constData(), bytes.size());
-    }
-}
-
-void DataRecord::encodeSlot(BigEndianWriter &out, int i, int type) const
-{
-    switch (FieldDef::family(type)) {
-    case FieldDef::TextFamily: {
-        const PackedSlots::Slot value = m_values.slot(i);
-        if (value.kind == PackedSlots::Text && value.length != PackedSlots::nullText)
-            out.putUtf16(value.text, value.length);
-        else
-            out.putNullString();
-        break;
-    }
-    case FieldDef::NumberFamily:
-        // Integer types are stored cut to whole numbers; a fraction from a formula is lost.
-        if (type == FieldDef::Double)
-            out.putDouble(doubleValue(i));
-        else
-            out.putInt32(intValue(i));
-        break;
-    case FieldDef::DateFamily:
-        out.putDate(dateValue(i));
-        break;
-    case FieldDef::TimeFamily:
-        out.putTime(timeValue(i));
-        break;
-    case FieldDef::DateTimeFamily:
-        m_values.stamp(i).encode(out);
-        break;
-    case FieldDef::NoSlot:
-        break;
     }
 }
 

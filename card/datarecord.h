@@ -75,7 +75,6 @@ public:
 
 private:
     QList<FieldDef> fieldList() const;
-    void encodeSlot(BigEndianWriter &out, int i, int type) const;
     void readReminder(QDataStream &stream);
 
     // Memo, image and reminder: most records have none of them, so they live apart and a

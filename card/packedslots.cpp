@@ -1,6 +1,7 @@
 #include "card/packedslots.h"
 
 #include "card/fielddef.h"
+#include "store/bigendianwriter.h"
 #include "store/binaryformat.h"
 
 #include <QDataStream>
@@ -380,4 +381,56 @@ PackedSlots PackedSlots::read(QDataStream &stream, const QList<FieldDef> &fields
             scratch.values[i].text = scratch.text.data() + scratch.offsets[i];
     }
     return assemble(int(n), scratch.values.data());
+}
+
+void PackedSlots::write(BigEndianWriter &out, const QList<FieldDef> &fields) const
+{
+    const std::size_t n = std::size_t(count());
+    const unsigned char *kinds = n > 0 ? m_block.get() + sizeof(Header) : nullptr;
+    const unsigned char *values = n > 0 ? m_block.get() + valuesOffset(n) : nullptr;
+    const char16_t *text = n > 0 ? texts() : nullptr;
+    for (qsizetype i = 0; i < fields.size(); ++i) {
+        const std::size_t at = std::size_t(i);
+        const Kind held = at < n ? Kind(kinds[at]) : Unset;
+        const unsigned char *bits = at < n ? values + at * valueBytes : nullptr;
+        const auto heldValue = [&](Kind wanted, auto zero) {
+            if (held == wanted)
+                std::memcpy(static_cast<void *>(&zero), bits, sizeof zero);
+            return zero;
+        };
+        const int type = fields.at(i).type;
+        switch (FieldDef::family(type)) {
+        case FieldDef::TextFamily: {
+            quint32 offset = 0;
+            quint32 length = nullText;
+            if (held == Text) {
+                std::memcpy(&offset, bits, sizeof offset);
+                std::memcpy(&length, bits + 4, sizeof length);
+            }
+            if (length == nullText)
+                out.putNullString();
+            else
+                out.putUtf16(text + offset, length);
+            break;
+        }
+        case FieldDef::NumberFamily:
+            // Integer types are stored cut to whole numbers; a fraction from a formula is lost.
+            if (type == FieldDef::Double)
+                out.putDouble(heldValue(Number, 0.0));
+            else
+                out.putInt32(FieldDef::truncated(heldValue(Number, 0.0)));
+            break;
+        case FieldDef::DateFamily:
+            out.putDate(heldValue(Day, QDate()));
+            break;
+        case FieldDef::TimeFamily:
+            out.putTime(heldValue(Clock, QTime()));
+            break;
+        case FieldDef::DateTimeFamily:
+            heldValue(Stamp, LocalStamp()).encode(out);
+            break;
+        case FieldDef::NoSlot:
+            break;
+        }
+    }
 }

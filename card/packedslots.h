@@ -10,6 +10,7 @@
 
 #include <memory>
 
+class BigEndianWriter;
 class FieldDef;
 class QDataStream;
 
@@ -65,6 +66,9 @@ public:
     // Reads the slots of the given field types from a card stream, stopping at the first failure
     // with the failed slot set empty and the rest unset, as the stream's own reading would.
     static PackedSlots read(QDataStream &stream, const QList<FieldDef> &fields);
+    // The counterpart of read(): puts the slots as the card stream holds them for the given
+    // field types, each slot of another kind as its type's null or zero value.
+    void write(BigEndianWriter &out, const QList<FieldDef> &fields) const;
 
 private:
     struct Header {
