@@ -22,6 +22,7 @@
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
+#include <future>
 #include <unistd.h>
 
 namespace
@@ -474,18 +475,41 @@ bool PIMManager::writeBinary(QIODevice &device)
 
 // Records are put together in memory a chunk at a time: a file takes each of the stream's
 // many small writes through its own buffer, which costs more than the bytes themselves.
+// Records are put together a megabyte at a time in one buffer while the one before goes to
+// the device on a second thread: the copy into the file overlaps the encoding. Only one thread
+// touches the device at a time, and a failed write's errno comes back to this one.
 bool PIMManager::writeRecordsBinary(QIODevice &device) const
 {
-    BigEndianWriter out;
+    BigEndianWriter buffers[2];
+    int filling = 0;
+    std::future<int> writing;
+    const auto finishWriting = [&] {
+        const int error = writing.valid() ? writing.get() : 0;
+        if (error != 0)
+            errno = error;
+        return error == 0;
+    };
+    const auto handOver = [&] {
+        const bool before = finishWriting();
+        const BigEndianWriter &full = buffers[filling];
+        writing = std::async(std::launch::async, [&device, &full] {
+            errno = 0;
+            const bool whole = device.write(full.data(), full.size()) == full.size();
+            return whole ? 0 : (errno != 0 ? errno : EIO);
+        });
+        filling = 1 - filling;
+        buffers[filling].clear();
+        return before;
+    };
+    bool ok = true;
     for (const PIMRecord *record : std::as_const(m_records)) {
-        record->encode(out);
-        if (out.size() >= recordChunkSize) {
-            if (device.write(out.data(), out.size()) != out.size())
-                return false;
-            out.clear();
-        }
+        record->encode(buffers[filling]);
+        if (buffers[filling].size() >= recordChunkSize && !(ok = handOver()))
+            break;
     }
-    return device.write(out.data(), out.size()) == out.size();
+    if (ok)
+        ok = handOver();
+    return finishWriting() && ok;
 }
 
 void PIMManager::writeHeader(QTextStream &stream) const

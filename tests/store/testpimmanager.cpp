@@ -344,6 +344,8 @@ void TestPIMManager::failedSaveKeepsOldFile_data()
     QTest::newRow("read-only folder") << "readOnlyFolder" << text;
     QTest::newRow("full disk, text") << "fullDisk" << text;
     QTest::newRow("full disk, binary") << "fullDisk" << int(PIMManager::BinaryFormat);
+    QTest::newRow("full disk past the first megabyte, binary")
+        << "fullDiskLate" << int(PIMManager::BinaryFormat);
 }
 
 // The disk is "full" through a file-size limit of the process.
@@ -351,7 +353,8 @@ void TestPIMManager::failedSaveKeepsOldFile()
 {
     QFETCH(QString, how);
     QFETCH(int, format);
-    const bool fullDisk = how == QLatin1String("fullDisk");
+    const bool late = how == QLatin1String("fullDiskLate");
+    const bool fullDisk = late || how == QLatin1String("fullDisk");
     TestHome home;
     const QString dir = home.file(QStringLiteral("cards"));
     QVERIFY(QDir().mkpath(dir));
@@ -375,12 +378,12 @@ void TestPIMManager::failedSaveKeepsOldFile()
     KeyedManager manager(path, format);
     const bool loaded = manager.load();
     QVERIFY(loaded || old.isEmpty());
-    for (int i = 0; i < 50; ++i)
+    for (int i = 0; i < (late ? 6000 : 50); ++i)
         manager.addKeyed(filler(200));
     bool saved = true;
     QString error;
     {
-        FileSizeLimit limit(fullDisk ? 4096 : RLIM_INFINITY);
+        FileSizeLimit limit(late ? 1536 * 1024 : fullDisk ? 4096 : RLIM_INFINITY);
         saved = manager.save();
         error = manager.errorString();
     }
