@@ -64,6 +64,9 @@ public:
     // Takes ownership; null removes the reminder.
     void setReminder(Reminder *reminder);
 
+    // Asks the memory for the slots ahead of a pass over many records.
+    void prefetchValues() const { m_values.prefetch(); }
+
     // The slots by the field types of the manager, then memo, image and the reminder.
     void encode(BigEndianWriter &out) const override;
     void read(QDataStream &stream) override;

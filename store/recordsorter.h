@@ -5,6 +5,7 @@
 #include <QStringView>
 #include <QtGlobal>
 
+#include <memory>
 #include <vector>
 
 class PIMRecord;
@@ -26,21 +27,26 @@ private:
     // comparisons are decided here, without reaching into the record's keys in memory.
     static constexpr int packedWords = 6;
     static constexpr int packedChars = 4 * packedWords;
+    // Entries merged together while they stay in the processor's cache (a power of two).
+    static constexpr qsizetype blockEntries = 4096;
     struct Entry {
         // The first 24 characters of the first key, four to a word, the first in the high bits.
         // Past them, the record's own key decides.
-        quint64 packed[packedWords] = {};
-        PIMRecord *record = nullptr;
-        quint32 position = 0;
-        bool ascending = true;
-        quint8 keyCount = 0;   // 2 for two or more
-        quint8 length = 0;     // of the first key, packedChars + 1 for any longer
+        quint64 packed[packedWords];
+        PIMRecord *record;
+        quint32 position;
+        bool ascending;
+        quint8 keyCount;   // 2 for two or more
+        quint8 length;     // of the first key, packedChars + 1 for any longer
     };
 
-    static QList<Entry> sortedEntries(const QList<PIMRecord *> &records);
+    static std::unique_ptr<Entry[]> sortedEntries(const QList<PIMRecord *> &records);
+    static void prefetchKeys(const QList<PIMRecord *> &records, qsizetype i);
     static Entry entry(PIMRecord *record, quint32 position);
     static QStringView firstKey(const Entry &e);
     static bool lessThan(const Entry &a, const Entry &b);
+    static void mergeLevel(
+        const Entry *from, Entry *to, qsizetype first, qsizetype last, qsizetype width);
     static void mergeRuns(
         const Entry *from, Entry *to, qsizetype begin, qsizetype middle, qsizetype end);
 };
