@@ -31,8 +31,7 @@ const char *const typeNameTexts[FieldDef::TypeCount] = {
 
 const QDate sortEpoch(1980, 1, 1);
 
-
-// digits widened to width with zeros between the sign and the digits, as printf's "0" flag does.
+// Digits widened to width with zeros between the sign and the digits, as printf's "0" flag does.
 QString zeroPadded(const QString &digits, qsizetype width)
 {
     if (digits.size() >= width)

@@ -24,7 +24,6 @@ public:
     void clear() { m_size = 0; }
 
     void putRaw(const void *data, qsizetype size) { std::memcpy(grow(size), data, size_t(size)); }
-    void putInt8(qint8 value) { *grow(1) = char(value); }
     void putUInt32(quint32 value) { qToBigEndian(value, grow(4)); }
     void putInt32(qint32 value) { putUInt32(quint32(value)); }
     void putDouble(double value)

@@ -26,10 +26,3 @@ void LocalStamp::encode(BigEndianWriter &out) const
     out.putUInt32(m_day);
     out.putTime(m_time);
 }
-
-QDataStream &operator<<(QDataStream &stream, const LocalStamp &stamp)
-{
-    if (stream.version() >= QDataStream::Qt_4_0)
-        return stream << stamp.toDateTime();
-    return stream << stamp.m_day << (stamp.m_time.isValid() ? stamp.m_time : QTime());
-}

@@ -27,7 +27,6 @@ public:
     void encode(BigEndianWriter &out) const;
 
     friend QDataStream &operator>>(QDataStream &stream, LocalStamp &stamp);
-    friend QDataStream &operator<<(QDataStream &stream, const LocalStamp &stamp);
 
 private:
     quint32 m_day = 0;

@@ -17,12 +17,12 @@
 #include <QTextStream>
 
 #include <algorithm>
-#include <memory>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
 #include <future>
+#include <memory>
 #include <unistd.h>
 
 namespace
@@ -473,8 +473,6 @@ bool PIMManager::writeBinary(QIODevice &device)
     return ::BinaryFormat::ok(stream) && writeRecordsBinary(device);
 }
 
-// Records are put together in memory a chunk at a time: a file takes each of the stream's
-// many small writes through its own buffer, which costs more than the bytes themselves.
 // Records are put together a megabyte at a time in one buffer while the one before goes to
 // the device on a second thread: the copy into the file overlaps the encoding. Only one thread
 // touches the device at a time, and a failed write's errno comes back to this one.

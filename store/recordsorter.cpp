@@ -7,13 +7,6 @@
 #include <memory>
 #include <utility>
 
-void RecordSorter::sort(QList<PIMRecord *> &records)
-{
-    const auto sorted = sortedEntries(records);
-    for (qsizetype i = 0; i < records.size(); ++i)
-        records[i] = sorted[i].record;
-}
-
 std::vector<quint32> RecordSorter::order(const QList<PIMRecord *> &records)
 {
     const auto sorted = sortedEntries(records);

@@ -18,8 +18,7 @@ class PIMRecord;
 class RecordSorter
 {
 public:
-    static void sort(QList<PIMRecord *> &records);
-    // The same order as positions in records, which stays as it is.
+    // The sorted order as positions in records, which stays as it is.
     static std::vector<quint32> order(const QList<PIMRecord *> &records);
 
 private:

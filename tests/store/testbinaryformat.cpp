@@ -226,8 +226,9 @@ void TestBinaryFormat::stampSameAsDateTime()
     QCOMPARE(stamp.toDateTime(), dateTime);
     QCOMPARE(stamp.toDateTime().date(), dateTime.date());
     QCOMPARE(stamp.toDateTime().time(), dateTime.time());
-    QCOMPARE(encoded(stamp).toHex(), encoded(dateTime).toHex());
-    QCOMPARE(encoded(LocalStamp(dateTime)).toHex(), encoded(dateTime).toHex());
+    QCOMPARE(written([&](auto &w) { stamp.encode(w); }).toHex(), encoded(dateTime).toHex());
+    const LocalStamp again(dateTime);
+    QCOMPARE(written([&](auto &w) { again.encode(w); }).toHex(), encoded(dateTime).toHex());
 }
 
 // Records are saved through the writer; everything else of a card, and the files of the old
@@ -236,7 +237,6 @@ void TestBinaryFormat::writerSameAsStream_data()
 {
     QTest::addColumn<QByteArray>("written");
     QTest::addColumn<QByteArray>("streamed");
-    QTest::newRow("int8") << written([](auto &w) { w.putInt8(-3); }) << encoded(qint8(-3));
     QTest::newRow("int32") << written([](auto &w) { w.putInt32(-123456); }) << encoded(qint32(-123456));
     for (const double value : { 0.0, -2.5, 1e300, std::numeric_limits<double>::quiet_NaN() })
         QTest::addRow("double %g", value) << written([=](auto &w) { w.putDouble(value); })
@@ -261,11 +261,6 @@ void TestBinaryFormat::writerSameAsStream_data()
     for (const QTime time : { QTime(), QTime(0, 0), QTime(23, 59, 59, 999) })
         QTest::addRow("time %s", qPrintable(time.toString(Qt::ISODateWithMs)))
             << written([=](auto &w) { w.putTime(time); }) << encoded(time);
-    for (const QDateTime when : { QDateTime(), QDateTime(QDate(2001, 2, 3), QTime(4, 5, 6, 7)) }) {
-        const LocalStamp stamp(when);
-        QTest::addRow("stamp %s", qPrintable(when.toString(Qt::ISODateWithMs)))
-            << written([=](auto &w) { stamp.encode(w); }) << encoded(stamp);
-    }
 }
 
 void TestBinaryFormat::writerSameAsStream()

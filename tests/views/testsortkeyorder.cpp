@@ -40,14 +40,9 @@ QList<int> sortedPositions(const QStringList &keys)
         owned.back()->setSortKeys({ key });
         view.append(owned.back().get());
     }
-    RecordSorter::sort(view);
     QList<int> positions;
-    for (const PIMRecord *record : std::as_const(view)) {
-        for (int i = 0; i < int(owned.size()); ++i) {
-            if (owned[size_t(i)].get() == record)
-                positions.append(i);
-        }
-    }
+    for (const quint32 position : RecordSorter::order(view))
+        positions.append(int(position));
     return positions;
 }
 } // namespace
